@@ -1,0 +1,63 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Math.h"
+#include "math/Ray.h"
+#include "math/Vector3.h"
+
+#include <cmath>
+
+namespace velk::math
+{
+
+/// An infinite oriented plane, the points p with normal.Dot(p) + distance == 0. Its front is the side
+/// that the normal points to.
+struct Plane
+{
+    TAL::Vector3<float> normal;
+    float distance = 0.0f;
+
+    Plane() = default;
+
+    Plane(const TAL::Vector3<float>& inNormal, float inDistance)
+        : normal(inNormal.Normalized())
+        , distance(inDistance)
+    {
+    }
+
+    /// The plane through `point`.
+    Plane(const TAL::Vector3<float>& point, const TAL::Vector3<float>& inNormal)
+        : Plane(inNormal, -point.Dot(inNormal.Normalized()))
+    {
+    }
+
+    TAL::Vector3<float> getNormal() const { return normal; }
+
+    /// Positive in front.
+    float getSignedDistanceToPlane(const TAL::Vector3<float>& point) const
+    {
+        return normal.Dot(point) + distance;
+    }
+
+    TAL::Vector3<float> getClosestPointOnSurface(TAL::Vector3<float> point) const
+    {
+        return point - normal * getSignedDistanceToPlane(point);
+    }
+
+    /// Hits from either side. `hitDistance` is in units of space, whatever the length of the ray's
+    /// direction, and is written also on a miss: negative for a plane behind the ray, 0 for a ray
+    /// parallel to it. A ray that starts on the plane misses.
+    bool raycast(const Ray& ray, float& hitDistance) const
+    {
+        const float denominator = ray.direction.Normalized().Dot(normal);
+        if (TAL::Math<float>::Tolerance() > std::fabs(denominator)) {
+            hitDistance = 0.0f;
+            return false;
+        }
+        hitDistance = -getSignedDistanceToPlane(ray.origin) / denominator;
+        return hitDistance > 0.0f;
+    }
+};
+
+} // namespace velk::math
