@@ -1,0 +1,180 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/core/TimeProvider.h"
+#include "velk_core/utility/AssignableRef.h"
+#include "velk_core/utility/MultiAction.h"
+#include "velk_core/utility/OrderedSet.h"
+#include "velk_core/utility/ProgressCurve.h"
+#include "velk_core/utility/UniqueIdentifier.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+using namespace velk;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using utility::MultiAction;
+using utility::ProgressCurve;
+
+TEST(MultiAction, HandsOutRisingTokensAndCallsInTheirOrder)
+{
+    MultiAction<int> action;
+    std::vector<int> calls;
+    EXPECT_EQ(action.subscribe([&](int value) { calls.push_back(value); }), 1u);
+    EXPECT_EQ(action.subscribe([&](int value) { calls.push_back(10 * value); }), 2u);
+    action.unsubscribe(1);
+    EXPECT_EQ(action.subscribe([&](int value) { calls.push_back(100 * value); }), 3u);
+    for (const uint32_t stale : {0u, 1u, 99u, utility::kNoToken}) {
+        action.unsubscribe(stale);
+    }
+    action.invoke(7);
+    EXPECT_THAT(calls, ElementsAre(70, 700));
+}
+
+TEST(MultiAction, PassesOverASnapshot)
+{
+    MultiAction<> action;
+    std::vector<char> calls;
+    uint32_t second = 0;
+    action.subscribe([&] {
+        calls.push_back('a');
+        action.unsubscribe(second);
+        if (calls.size() == 1) {
+            action.subscribe([&] { calls.push_back('c'); });
+            action.invoke(); // nested: sees the table as it stands now
+        }
+    });
+    second = action.subscribe([&] { calls.push_back('b'); });
+    action.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'a', 'c', 'b')); // b once more, being in the outer snapshot
+    calls.clear();
+    calls.push_back('-');
+    action.invoke();
+    EXPECT_THAT(calls, ElementsAre('-', 'a', 'c'));
+}
+
+TEST(MultiAction, AnExceptionEndsThePass)
+{
+    MultiAction<> action;
+    bool later = false;
+    action.subscribe([] { throw 1; });
+    action.subscribe([&] { later = true; });
+    EXPECT_THROW(action.invoke(), int);
+    EXPECT_FALSE(later);
+    MultiAction<> empty;
+    empty.subscribe(nullptr);
+    EXPECT_THROW(empty.invoke(), std::bad_function_call);
+}
+
+TEST(HandlerToken, EndsWithItsScopeUnlessReleased)
+{
+    auto action = std::make_unique<MultiAction<>>();
+    int calls = 0;
+    {
+        const auto token = action->registerHandler([&] { ++calls; });
+        action->invoke();
+    }
+    action->invoke();
+    EXPECT_EQ(calls, 1);
+    {
+        const MultiAction<>::HandlerToken none(*action, utility::kNoToken);
+    }
+    auto token = action->registerHandler([] {});
+    token.release();
+    action.reset(); // the token must not touch it any more
+}
+
+TEST(UniqueIdentifier, Rises)
+{
+    const utility::UniqueIdentifier first;
+    const utility::UniqueIdentifier second;
+    EXPECT_EQ(second.get(), first.get() + 1);
+}
+
+TEST(OrderedSet, KeepsTheOrderOfInsertion)
+{
+    utility::OrderedSet<int> set;
+    EXPECT_TRUE(set.insert(3) && set.insert(1) && set.insert(2));
+    EXPECT_FALSE(set.insert(3));
+    EXPECT_TRUE(set.erase(1));
+    EXPECT_FALSE(set.erase(1));
+    EXPECT_THAT(set, ElementsAre(3, 2));
+}
+
+namespace
+{
+
+struct Curve : testing::Test
+{
+    float time = 100.0f;
+    core::TimeProvider clock{[this] { return time; }};
+    ProgressCurve curve{2.0f, clock};
+};
+
+} // namespace
+
+TEST_F(Curve, EasesFromStartToEnd)
+{
+    curve.start();
+    const std::pair<float, float> rows[] = {{100.0f, 0.0f}, {100.5f, 0.15625f}, {101.0f, 0.5f},
+                                            {102.0f, 1.0f}, {200.0f, 1.0f},     {99.9f, 1.0f}};
+    for (const auto& [now, expected] : rows) {
+        time = now;
+        EXPECT_EQ(curve.progress(), expected) << now;
+    }
+    time = 100.5f;
+    curve.start();
+    EXPECT_EQ(curve.progress(), 0.0f);
+    curve.end();
+    EXPECT_EQ(curve.progress(), 1.0f);
+}
+
+TEST_F(Curve, NeverStartedReadsFromTimeZero)
+{
+    time = 1.0f;
+    EXPECT_EQ(curve.progress(), 0.5f);
+    time = 2.0f;
+    EXPECT_EQ(curve.progress(), 1.0f);
+}
+
+TEST_F(Curve, WithoutDurationIsNotANumberAtItsStartOnly)
+{
+    ProgressCurve instant(0.0f, clock);
+    instant.start();
+    EXPECT_TRUE(std::isnan(instant.progress()));
+    time += 1.0f;
+    EXPECT_EQ(instant.progress(), 1.0f);
+}
+
+TEST_F(Curve, ReportsTheEasedEnd)
+{
+    ProgressCurve custom([](float x) { return 3.0f * x; }, 2.0f, clock);
+    custom.start();
+    time += 1.0f;
+    EXPECT_EQ(custom.progress(), 1.5f);
+    custom.end();
+    EXPECT_EQ(custom.progress(), 3.0f);
+}
+
+TEST_F(Curve, ACopyKeepsTheRunningStateAndTheClock)
+{
+    core::TimeProvider frozen([] { return 0.0f; });
+    ProgressCurve copy(8.0f, frozen);
+    curve.start();
+    time += 1.0f;
+    copy = curve;
+    EXPECT_EQ(copy.progress(), 0.5f);
+    const ProgressCurve moved = std::move(copy);
+    EXPECT_EQ(ProgressCurve(moved).progress(), 0.5f);
+}
+
+TEST(DefaultTimeProvider, RunsForwardFromTheLoad)
+{
+    core::TimeProvider& clock = core::TimeProvider::defaultTimeProvider();
+    const float first = clock.now();
+    EXPECT_GE(first, 0.0f);
+    EXPECT_GE(clock.now(), first);
+}

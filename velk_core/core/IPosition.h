@@ -1,0 +1,18 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Vector3.h"
+
+namespace velk::input
+{
+
+/// Anything that has a position in world space.
+class IPosition
+{
+public:
+    virtual ~IPosition() = default;
+    virtual TAL::Vector3<float> getPosition() const = 0;
+};
+
+} // namespace velk::input

@@ -1,0 +1,39 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/core/TimeProvider.h"
+
+#include <chrono>
+
+namespace velk::core
+{
+
+namespace
+{
+
+// Time zero is the library's load: a float has its best resolution near zero.
+const std::chrono::steady_clock::time_point DEFAULT_TIME_PROVIDER_START_TIME =
+    std::chrono::steady_clock::now();
+
+float secondsSinceLoad()
+{
+    const std::chrono::nanoseconds elapsed =
+        std::chrono::steady_clock::now() - DEFAULT_TIME_PROVIDER_START_TIME;
+    return static_cast<float>(elapsed.count()) / 1000000000.0f;
+}
+
+TimeProvider DEFAULT_TIME_PROVIDER{secondsSinceLoad};
+
+} // namespace
+
+float TimeProvider::now()
+{
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return timeFunction_();
+}
+
+TimeProvider& TimeProvider::defaultTimeProvider()
+{
+    return DEFAULT_TIME_PROVIDER;
+}
+
+} // namespace velk::core

@@ -1,0 +1,60 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/utility/ProgressCurve.h"
+
+#include <utility>
+
+namespace velk::utility
+{
+
+namespace
+{
+
+// Clamps with std::clamp's comparisons, which let a NaN through where the kernel's clamp would turn it
+// into 1.
+float smoothstep(float t)
+{
+    if (t < 0.0f) {
+        t = 0.0f;
+    } else if (1.0f < t) {
+        t = 1.0f;
+    }
+    return t * t * (3.0f - 2.0f * t);
+}
+
+} // namespace
+
+ProgressCurve::ProgressCurve(float duration, core::TimeProvider& timeProvider)
+    : ProgressCurve(smoothstep, duration, timeProvider)
+{
+}
+
+ProgressCurve::ProgressCurve(std::function<float(float)> easingFunction, float duration,
+                             core::TimeProvider& timeProvider)
+    : easingFunction_(std::move(easingFunction))
+    , duration_(duration)
+    , timeProvider_(timeProvider)
+{
+}
+
+void ProgressCurve::start()
+{
+    startTime_ = timeProvider_->now();
+}
+
+void ProgressCurve::end()
+{
+    startTime_ = timeProvider_->now() - duration_;
+}
+
+float ProgressCurve::progress()
+{
+    float x = (timeProvider_->now() - startTime_) / duration_;
+    // Not a clamp: a clock before the start reads as finished, and a NaN goes on to the easing.
+    if (0.0f > x || x >= 1.0f) {
+        x = 1.0f;
+    }
+    return easingFunction_(x);
+}
+
+} // namespace velk::utility
