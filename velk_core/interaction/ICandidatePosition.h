@@ -1,0 +1,18 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Vector3.h"
+#include "velk_core/interaction/ICandidateProperty.h"
+
+namespace velk::interaction
+{
+
+class ICandidatePosition : public ICandidateProperty
+{
+public:
+    /// Where the candidate was met, in world space.
+    virtual TAL::Vector3<float> getCandidatePosition() = 0;
+};
+
+} // namespace velk::interaction

@@ -1,0 +1,66 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "velk_core/utility/MultiAction.h"
+#include "velk_core/utility/OrderedSet.h"
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace velk::interaction
+{
+
+/// All enabled interactables of one kind: where interactors look for candidates. Visited in the order of
+/// registration, so that ties are decided the same way in every run. Host thread only.
+template <typename TInteractor, typename TInteractable>
+class InteractableRegistry
+{
+public:
+    void registerInteractable(TInteractable* interactable) { interactables_.insert(interactable); }
+    void unregisterInteractable(TInteractable* interactable) { interactables_.erase(interactable); }
+
+    /// The interactables that `interactor` may consider. An empty `filter` admits everything.
+    std::vector<TInteractable*> list(TInteractor& interactor,
+                                     const std::function<bool(TInteractable*)>& filter) const
+    {
+        std::vector<TInteractable*> result;
+        result.reserve(interactables_.size());
+        for (TInteractable* interactable : interactables_) {
+            if (filter && !filter(interactable)) {
+                continue;
+            }
+            if (!interactor.canSelect(interactable)) {
+                continue;
+            }
+            if (!interactable->canBeSelectedBy(interactor)) {
+                continue;
+            }
+            result.push_back(interactable);
+        }
+        return result;
+    }
+
+    /// Told by an interactable's destructor, so that whoever remembers its address forgets it. The pointer is
+    /// for comparison only.
+    void interactableDestroyed(const TInteractable* interactable)
+    {
+        whenInteractableDestroyed_.invoke(interactable);
+    }
+    uint32_t subscribeToWhenInteractableDestroyed(std::function<void(const TInteractable*)>&& handler)
+    {
+        return whenInteractableDestroyed_.subscribe(std::move(handler));
+    }
+    void unsubscribeToWhenInteractableDestroyed(uint32_t token)
+    {
+        whenInteractableDestroyed_.unsubscribe(token);
+    }
+
+private:
+    utility::OrderedSet<TInteractable*> interactables_;
+    utility::MultiAction<const TInteractable*> whenInteractableDestroyed_;
+};
+
+} // namespace velk::interaction
