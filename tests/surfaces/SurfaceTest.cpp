@@ -1,0 +1,90 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/support/MathMatchers.h"
+#include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
+#include "velk_core/interaction/surfaces/PointablePlane.h"
+
+#include <cmath>
+
+namespace velk::test
+{
+
+using namespace interaction::surface;
+using math::Ray;
+using Size = TAL::Vector2<float>;
+
+/// From 1 over the plane straight down, with a direction of length 2.
+static bool hits(const Pose& pose, const Size& size, const Vec& spot, SurfaceHit& hit)
+{
+    const Ray ray{pose.Transform(spot + axis(2)), pose.Rotate(axis(2) * -2.0f)};
+    return PointablePlane(pose, size).raycast(ray, hit, 0.0f);
+}
+
+TEST(PointablePlane, SizeReachesThatFarToEachSideInItsOwnFrame)
+{
+    for (const Pose& pose : {Pose(), Pose(turn(Vec(1.0f, 2.0f, -1.0f), 1.2f), Vec(3.0f, -1.0f, 2.0f))}) {
+        for (const float reach : {-0.999f, 0.999f, -1.001f, 1.001f}) {
+            for (const Vec& spot : {axis(0) * reach, axis(1) * (reach * 0.5f)}) {
+                SurfaceHit hit;
+                EXPECT_EQ(hits(pose, Size(1.0f, 0.5f), spot, hit), std::fabs(reach) < 1.0f);
+                EXPECT_TRUE(isNear(hit.point, pose.Transform(spot), kRounding)); // on a miss too
+                EXPECT_TRUE(isNear(hit.normal * hit.distance, pose.Rotate(axis(2)), kRounding));
+            }
+        }
+    }
+}
+
+TEST(PointablePlane, EdgesCountAndANaNSizeIsNoLimit)
+{
+    SurfaceHit hit;
+    EXPECT_TRUE(hits(Pose(), Size(1.0f, 1.0f), Vec(1.0f, -1.0f, 0.0f), hit));
+    EXPECT_TRUE(hits(Pose(), Size::ZERO, Vec::ZERO, hit) && !hits(Pose(), Size::ZERO, axis(0) * 1e-6f, hit));
+    EXPECT_TRUE(hits(Pose(), Size(kNaN, kNaN), axis(0) * 1e6f, hit));
+}
+
+TEST(PointablePlane, OnlyTheFrontIsHitAndAMissLeavesTheOrigin)
+{
+    for (const Ray& ray : {Ray{-axis(2), axis(2)}, // from behind, away, parallel and on the plane
+                           Ray{axis(2), axis(2)}, Ray{axis(2), axis(0)}, Ray{Vec::ZERO, -axis(2)}}) {
+        SurfaceHit hit{Vec::ZERO, Vec::ZERO, 9.0f};
+        EXPECT_FALSE(PointablePlane().raycast(ray, hit, 0.0f));
+        EXPECT_TRUE(isNear(hit.point, ray.origin) && hit.distance == 0.0f);
+    }
+}
+
+TEST(PointablePlane, MaxDistanceLimitsTheHeightNotTheWay)
+{
+    SurfaceHit hit;
+    const Ray slanted{axis(2), Vec(3.0f, 0.0f, -1.0f)};
+    EXPECT_FALSE(PointablePlane().raycast(slanted, hit, 0.999f));
+    EXPECT_TRUE(PointablePlane().raycast(slanted, hit, 1.0f));
+    EXPECT_NEAR(hit.distance, std::sqrt(10.0f), kRounding);
+}
+
+TEST(PointablePlane, ClosestPointIsThatOfTheEndlessTwoSidedPlane)
+{
+    for (const float height : {2.0f, -2.0f}) {
+        SurfaceHit hit;
+        const Vec point(100.0f, 0.0f, height);
+        EXPECT_FALSE(PointablePlane(Pose(), Size::ZERO).closestSurfacePoint(point, hit, 1.999f));
+        EXPECT_TRUE(isNear(hit.normal, Vec::ZERO)); // untouched
+        EXPECT_TRUE(PointablePlane(Pose(), Size::ZERO).closestSurfacePoint(point, hit, 2.0f));
+        EXPECT_TRUE(isNear(hit.point, axis(0) * 100.0f) && hit.distance == 2.0f);
+    }
+}
+
+TEST(PointableAxisAlignedBox, LimitsTheWayAndFillsTheClosestPointBeyondItToo)
+{
+    const PointableAxisAlignedBox box(Vec::ZERO, Vec(2.0f, 2.0f, 2.0f));
+    const Ray ray{axis(2) * 5.0f, axis(2) * -2.0f};
+    SurfaceHit hit;
+    EXPECT_FALSE(box.raycast(ray, hit, 1.999f) || hit.distance != 0.0f); // untouched
+    EXPECT_TRUE(box.raycast(ray, hit, 0.0f) && box.raycast(ray, hit, 2.0f));
+    EXPECT_TRUE(isNear(hit.point, axis(2)) && isNear(hit.normal, axis(2)));
+    EXPECT_FALSE(box.closestSurfacePoint(Vec(5.0f, 4.0f, 0.0f), hit, 4.999f));
+    EXPECT_TRUE(isNear(hit.point, Vec(1.0f, 1.0f, 0.0f)) && isNear(hit.normal, axis(0)) &&
+                hit.distance == 5.0f);
+    EXPECT_TRUE(box.closestSurfacePoint(Vec::ZERO, hit, 1.0f) && isNear(hit.point, axis(2)));
+}
+
+} // namespace velk::test

@@ -1,0 +1,60 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/AxisAlignedBox.h"
+#include "math/Pose.h"
+#include "math/Vector2.h"
+#include "math/Vector3.h"
+#include "velk_core/interaction/surfaces/BoundsClipper.h"
+#include "velk_core/interaction/surfaces/ISurfacePatch.h"
+#include "velk_core/interaction/surfaces/PointablePlane.h"
+
+#include <memory>
+#include <vector>
+
+namespace velk::interaction::surface
+{
+
+/// The part of a plane that lies in all of a list of boxes: a poke button on its panel. Clippers with
+/// nothing in common make an empty patch, which every query misses. Nothing is cached, so a clipper's
+/// frame may move at any time.
+class ClippedPlaneSurface : public ISurfacePatch
+{
+public:
+    /// Shares ownership of the plane, which must not be null. Without clippers the patch is unlimited.
+    explicit ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface);
+    ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface, std::vector<BoundsClipper> clippers);
+
+    TAL::Pose<float> getPose() const override;
+
+    /// A hit of the plane that lies in the boxes, depth included.
+    bool raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const override;
+
+    /// The plane's closest point, moved into the boxes. `maxDistance` is held against the height over
+    /// the plane, then against the way to the point found.
+    bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
+                             float maxDistance) const override;
+
+    ISurface& getBackingSurface() const override;
+
+    /// The bounds of the plane, not of the patch.
+    velk::math::AxisAlignedBox getBounds() const override;
+
+    TAL::Vector3<float> getNormal() const;
+    void setPose(const TAL::Pose<float>& pose);
+    void setSize(const TAL::Vector2<float>& size);
+
+    /// The box common to all clippers, in the plane's frame. False, with `bounds` zeroed, if there is
+    /// none.
+    bool getLocalClipBounds(velk::math::AxisAlignedBox& bounds) const;
+
+    /// The point of the clip box nearest to `point`, both in world space.
+    bool clampPoint(const TAL::Vector3<float>& point, TAL::Vector3<float>& clamped) const;
+
+private:
+    std::shared_ptr<PointablePlane> backingSurface_;
+    std::vector<BoundsClipper> clippers_;
+};
+
+} // namespace velk::interaction::surface

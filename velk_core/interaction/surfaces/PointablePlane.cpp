@@ -1,0 +1,110 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/surfaces/PointablePlane.h"
+
+#include <cmath>
+#include <limits>
+
+namespace velk::interaction::surface
+{
+
+namespace
+{
+constexpr float kLargest = std::numeric_limits<float>::max();
+constexpr float kThin = std::numeric_limits<float>::epsilon();
+
+/// From this component on, the normal counts as lying on the axis.
+constexpr float kAlongAxis = 1.0f - std::numeric_limits<float>::epsilon();
+
+float boundsSize(float normalComponent)
+{
+    return kAlongAxis <= std::fabs(normalComponent) ? kThin : kLargest;
+}
+
+} // namespace
+
+PointablePlane::PointablePlane()
+    : PointablePlane(TAL::Pose<float>::Identity(), TAL::Vector2<float>(kLargest, kLargest))
+{
+}
+
+PointablePlane::PointablePlane(const TAL::Pose<float>& pose, const TAL::Vector2<float>& size)
+{
+    setPose(pose);
+    setSize(size);
+}
+
+void PointablePlane::setPose(const TAL::Pose<float>& pose)
+{
+    plane_ = velk::math::Plane(pose.translation, pose.rotation * TAL::Vector3<float>(0.0f, 0.0f, 1.0f));
+    pose_ = pose;
+}
+
+void PointablePlane::setSize(const TAL::Vector2<float>& size)
+{
+    size_ = size;
+}
+
+TAL::Vector3<float> PointablePlane::getNormal() const
+{
+    return plane_.getNormal();
+}
+
+TAL::Pose<float> PointablePlane::getPose() const
+{
+    return pose_;
+}
+
+bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const
+{
+    hit.point = ray.origin;
+    hit.distance = 0.0f;
+    hit.normal = plane_.getNormal();
+
+    const float height = plane_.getSignedDistanceToPlane(ray.origin);
+    if (0.0f > height) {
+        return false;
+    }
+    // The height is what is limited: a slanted ray may travel farther than maxDistance.
+    if (maxDistance > 0.0f && height > maxDistance) {
+        return false;
+    }
+
+    float t = 0.0f;
+    if (!plane_.raycast(ray, t)) {
+        return false;
+    }
+    hit.point = ray.origin + ray.direction.Normalized() * t;
+    hit.distance = t;
+
+    const TAL::Vector3<float> offset = hit.point - pose_.translation;
+    if (std::fabs(offset.Dot(pose_.Rotate(TAL::Vector3<float>(1.0f, 0.0f, 0.0f)))) > size_.x) {
+        return false;
+    }
+    if (std::fabs(offset.Dot(pose_.Rotate(TAL::Vector3<float>(0.0f, 1.0f, 0.0f)))) > size_.y) {
+        return false;
+    }
+    return true;
+}
+
+bool PointablePlane::closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
+                                         float maxDistance) const
+{
+    const float distance = std::fabs(plane_.getSignedDistanceToPlane(point));
+    if (maxDistance > 0.0f && distance > maxDistance) {
+        return false;
+    }
+    hit.point = plane_.getClosestPointOnSurface(point);
+    hit.distance = distance;
+    hit.normal = plane_.getNormal();
+    return true;
+}
+
+velk::math::AxisAlignedBox PointablePlane::getBounds() const
+{
+    const TAL::Vector3<float> normal = plane_.getNormal();
+    const TAL::Vector3<float> size(boundsSize(normal.x), boundsSize(normal.y), boundsSize(normal.z));
+    return velk::math::AxisAlignedBox(pose_.translation, size);
+}
+
+} // namespace velk::interaction::surface

@@ -1,0 +1,48 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Plane.h"
+#include "math/Pose.h"
+#include "math/Vector2.h"
+#include "velk_core/interaction/surfaces/ISurface.h"
+
+namespace velk::interaction::surface
+{
+
+/// A rectangle whose front is the local +z of its pose. Rays hit the front only, within the rectangle;
+/// the closest point is that of the infinite plane, from either side.
+class PointablePlane : public ISurface
+{
+public:
+    /// In effect infinite, at the identity.
+    PointablePlane();
+    PointablePlane(const TAL::Pose<float>& pose, const TAL::Vector2<float>& size);
+
+    void setPose(const TAL::Pose<float>& pose);
+
+    /// How far the rectangle reaches from its centre along local x and y: half-widths.
+    void setSize(const TAL::Vector2<float>& size);
+
+    TAL::Vector3<float> getNormal() const;
+
+    TAL::Pose<float> getPose() const override;
+
+    /// `maxDistance` limits the height of the ray's origin over the plane, not the length of the ray.
+    /// The hit's distance is in units of space. A ray that starts on the plane misses.
+    bool raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const override;
+
+    /// Looks neither at the size nor at the side. Leaves `hit` alone where it returns false.
+    bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
+                             float maxDistance) const override;
+
+    /// Thin along a normal that lies on a world axis, endless otherwise, whatever the size.
+    velk::math::AxisAlignedBox getBounds() const override;
+
+private:
+    velk::math::Plane plane_; ///< derived from pose_
+    TAL::Vector2<float> size_;
+    TAL::Pose<float> pose_;
+};
+
+} // namespace velk::interaction::surface
