@@ -1,0 +1,79 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/ray/RayInteractable.h"
+
+#include "velk_core/interaction/ray/RayInteractor.h"
+
+#include <utility>
+
+namespace velk::interaction
+{
+
+RayInteractable::RayInteractable(std::shared_ptr<surface::ISurface> surface,
+                                 std::shared_ptr<IPointableElement> pointableElement,
+                                 std::shared_ptr<surface::ISurface> selectSurface,
+                                 std::unique_ptr<movement::IMovementProvider> movementProvider,
+                                 std::shared_ptr<surface::ISurface> magnetismSurface)
+    : PointerInteractable(std::move(pointableElement))
+    , surface_(std::move(surface))
+    , selectSurface_(std::move(selectSurface))
+    , magnetismSurface_(std::move(magnetismSurface))
+    , movementProvider_(std::move(movementProvider))
+{
+    if (!selectSurface_) {
+        selectSurface_ = surface_;
+    }
+    PointerInteractable::onEnable();
+}
+
+RayInteractable::~RayInteractable()
+{
+    PointerInteractable::onDisable();
+    getStaticRegistry().interactableDestroyed(this);
+}
+
+surface::ISurface& RayInteractable::getSurface() const
+{
+    return *surface_;
+}
+
+void RayInteractable::setSurface(std::shared_ptr<surface::ISurface> surface)
+{
+    surface_ = std::move(surface);
+}
+
+bool RayInteractable::raycastSelectSurface(const math::Ray& ray, surface::SurfaceHit& hit,
+                                           float maxDistance) const
+{
+    return selectSurface_ && selectSurface_->raycast(ray, hit, maxDistance);
+}
+
+bool RayInteractable::raycastMagnetismSurface(const math::Ray& ray, surface::SurfaceHit& hit,
+                                              float maxDistance) const
+{
+    return magnetismSurface_ && magnetismSurface_->raycast(ray, hit, maxDistance);
+}
+
+std::unique_ptr<movement::IMovement> RayInteractable::generateMovement(const TAL::Pose<float>& from,
+                                                                       const TAL::Pose<float>& to) const
+{
+    return movementProvider_ ? movementProvider_->createMovement(from, to) : nullptr;
+}
+
+InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getStaticRegistry()
+{
+    static InteractableRegistry<RayInteractor, RayInteractable> registry;
+    return registry;
+}
+
+InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getRegistry()
+{
+    return getStaticRegistry();
+}
+
+RayInteractable* RayInteractable::getInteractablePtr()
+{
+    return this;
+}
+
+} // namespace velk::interaction

@@ -1,0 +1,248 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/ray/RayInteractor.h"
+
+#include "math/LookRotation.h"
+#include "velk_common/VelkAssert.h"
+
+#include <cmath>
+#include <utility>
+
+namespace velk::interaction
+{
+
+namespace
+{
+
+using math::quaternion::lookRotationSafe;
+using surface::SurfaceHit;
+using TAL::Pose;
+using TAL::Quat;
+using TAL::Vector3;
+
+constexpr float kNoLimit = 0.0f; // as the greatest distance of a surface query
+
+} // namespace
+
+void RayInteractor::RayCandidateProperties::init(RayInteractable* interactable,
+                                                 const Vector3<float>& hitPoint)
+{
+    interactable_ = interactable;
+    hitPoint_ = hitPoint;
+}
+
+void RayInteractor::RayCandidateProperties::forget(const RayInteractable* interactable)
+{
+    if (interactable_ == interactable) {
+        interactable_ = nullptr;
+    }
+}
+
+RayInteractor::RayInteractor()
+    : RayInteractor(Config())
+{
+}
+
+RayInteractor::RayInteractor(const Config& config)
+    : RayInteractor(config, nullptr, nullptr, nullptr, nullptr)
+{
+}
+
+RayInteractor::RayInteractor(const Config& config, std::shared_ptr<input::IPose> rayOrigin,
+                             std::shared_ptr<select::ISelector> selector,
+                             std::shared_ptr<active_state::IActiveState> activeState,
+                             std::shared_ptr<core::IPayload> payload)
+    : PointerInteractor(std::move(activeState), std::move(payload))
+    , candidateProperties_(std::make_shared<RayCandidateProperties>())
+    , config_(config)
+    , rayOrigin_(std::move(rayOrigin))
+{
+    PointerInteractor::setSelector(std::move(selector));
+    PointerInteractor::onEnable();
+}
+
+RayInteractor::~RayInteractor()
+{
+    PointerInteractor::onDisable();
+}
+
+void RayInteractor::setRayOrigin(const Pose<float>& pose)
+{
+    common::velkAssert(!rayOrigin_);
+    rayOriginPose_ = pose;
+}
+
+std::weak_ptr<ICandidateProperty> RayInteractor::getCandidateProperties() const
+{
+    return candidateProperties_;
+}
+
+void RayInteractor::doPreprocess()
+{
+    if (rayOrigin_) {
+        rayOriginPose_ = rayOrigin_->getPose();
+    }
+    ray_.origin = rayOriginPose_.translation;
+    ray_.direction = getForward();
+}
+
+RayInteractable* RayInteractor::computeCandidate()
+{
+    const std::vector<RayInteractable*> interactables = RayInteractable::getStaticRegistry().list(*this, {});
+    Candidate best = findDirectHit(interactables);
+    if (best.interactable == nullptr) {
+        best = findMagneticHit(interactables);
+    }
+    setCandidate(best);
+    return best.interactable;
+}
+
+RayInteractor::Candidate
+RayInteractor::findDirectHit(const std::vector<RayInteractable*>& interactables) const
+{
+    Candidate best;
+    for (RayInteractable* interactable : interactables) {
+        SurfaceHit hit;
+        if (interactable->getSurface().raycast(ray_, hit, config_.maxRayLength) &&
+            isBetter(*interactable, hit.distance, best)) {
+            best = {interactable, hit.distance, hit};
+        }
+    }
+    return best;
+}
+
+// Within the threshold only a higher score wins, not the shorter distance: the first one visited stays.
+bool RayInteractor::isBetter(const RayInteractable& interactable, float distance, const Candidate& best) const
+{
+    const bool equal = config_.equalDistanceThreshold > std::fabs(distance - best.distance);
+    if (!equal) {
+        return best.distance > distance;
+    }
+    return best.interactable != nullptr &&
+           interactable.getTiebreakerScore() > best.interactable->getTiebreakerScore();
+}
+
+// The surface nearest to where the ray meets its magnetism surface wins. The hit reported is the one on the
+// magnetism surface, while the ray's length is the distance of the true surface.
+RayInteractor::Candidate
+RayInteractor::findMagneticHit(const std::vector<RayInteractable*>& interactables) const
+{
+    Candidate best;
+    float bestGap = std::numeric_limits<float>::max();
+    for (RayInteractable* interactable : interactables) {
+        SurfaceHit magnetHit;
+        SurfaceHit surfaceHit;
+        if (!interactable->raycastMagnetismSurface(ray_, magnetHit, config_.maxRayLength) ||
+            !interactable->getSurface().closestSurfacePoint(magnetHit.point, surfaceHit, kNoLimit)) {
+            continue;
+        }
+        const float gap = surfaceHit.point.Distance(magnetHit.point);
+        if (bestGap > gap) {
+            bestGap = gap;
+            best = {interactable, surfaceHit.point.Distance(getOrigin()), magnetHit};
+        }
+    }
+    return best;
+}
+
+void RayInteractor::setCandidate(const Candidate& candidate)
+{
+    float length = config_.maxRayLength;
+    collisionInfo_.reset();
+    if (candidate.interactable != nullptr) {
+        length = candidate.distance;
+        collisionInfo_ = candidate.hit;
+    }
+    end_ = getOrigin() + length * getForward();
+    candidateProperties_->init(candidate.interactable, candidate.hit.point);
+}
+
+void RayInteractor::interactableSelected(RayInteractable* interactable)
+{
+    if (interactable != nullptr && collisionInfo_) {
+        startMovement(*interactable);
+    }
+    // Last, so that the pose of the select event already rides on the movement.
+    PointerInteractor::interactableSelected(interactable);
+}
+
+void RayInteractor::startMovement(const RayInteractable& interactable)
+{
+    movedHit_ = *collisionInfo_;
+    const Pose<float> hitPose(lookRotationSafe(movedHit_.normal), movedHit_.point);
+    const Pose<float> backHitPose(lookRotationSafe(-movedHit_.normal), movedHit_.point);
+    movement_ = interactable.generateMovement(backHitPose, rayOriginPose_);
+    if (movement_) {
+        // hit from movement = movement from world * hit in world
+        movementHitDelta_ = movement_->getPose().Inverted() * hitPose;
+    }
+}
+
+void RayInteractor::doSelectUpdate()
+{
+    if (movement_) {
+        followMovement(*movement_);
+    } else {
+        traceSelectSurface(selectedInteractable());
+    }
+}
+
+// No ray is cast: the hit rides on the movement, and keeps the distance that it had at selection.
+void RayInteractor::followMovement(movement::IMovement& movement)
+{
+    movement.moveTo(rayOriginPose_);
+    movement.tick();
+    const Pose<float> moved = movement.getPose() * movementHitDelta_;
+    movedHit_.point = moved.translation;
+    movedHit_.normal = moved.rotation * localForward_;
+    collisionInfo_ = movedHit_;
+    end_ = movedHit_.point;
+}
+
+// A ray that leaves the surface stays selected; only its hit is gone.
+void RayInteractor::traceSelectSurface(const RayInteractable* interactable)
+{
+    collisionInfo_.reset();
+    SurfaceHit hit;
+    if (interactable != nullptr && interactable->raycastSelectSurface(ray_, hit, config_.maxRayLength)) {
+        end_ = hit.point;
+        collisionInfo_ = hit;
+        return;
+    }
+    end_ = rayOriginPose_.translation + config_.maxRayLength * getForward();
+}
+
+void RayInteractor::interactableUnselected(RayInteractable* interactable)
+{
+    if (movement_) {
+        movement_->stopAndSetPose(movement_->getPose());
+    }
+    // The movement goes last: the unselect event still carries its pose.
+    PointerInteractor::interactableUnselected(interactable);
+    movement_.reset();
+}
+
+RayInteractor* RayInteractor::getInteractorPtr()
+{
+    return this;
+}
+
+Pose<float> RayInteractor::computePointerPose()
+{
+    if (movement_) {
+        return movement_->getPose();
+    }
+    if (collisionInfo_) {
+        // Unguarded on purpose: a normal parallel to the ray's up gives a degenerate rotation.
+        return Pose<float>(Quat<float>::LookRotation(collisionInfo_->normal, getUp()), collisionInfo_->point);
+    }
+    return Pose<float>::Identity();
+}
+
+void RayInteractor::interactableDestroyed(const RayInteractable* interactable)
+{
+    PointerInteractor::interactableDestroyed(interactable);
+    candidateProperties_->forget(interactable);
+}
+
+} // namespace velk::interaction
