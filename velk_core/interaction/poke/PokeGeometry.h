@@ -1,0 +1,45 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Vector3.h"
+
+namespace velk::interaction
+{
+class PokeInteractable;
+}
+
+/// Distances between a finger's sphere and a surface, measured from the sphere's skin, in metres.
+///
+///            o  point (centre of the sphere)
+///           ( )  radius
+///            |  above > 0
+///     =======+=============   backing surface
+///            |  above < 0, depth = -above
+///
+/// They ask the surface itself, since the point need not be this frame's.
+namespace velk::interaction::poke_geometry
+{
+
+/// Height of the skin over the backing surface; negative under it.
+float computeDistanceAbove(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
+                           float radius);
+
+/// How far the skin is under the backing surface; 0 above it.
+float computeDepth(const PokeInteractable& interactable, const TAL::Vector3<float>& point, float radius);
+
+/// Straight distance from the skin to the patch.
+float computeDistanceFrom(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
+                          float radius);
+
+/// Distance from the skin to `closest`, with the part along `normal` left out.
+float computeLateralDistanceToClosestPoint(const TAL::Vector3<float>& point, float radius,
+                                           const TAL::Vector3<float>& closest,
+                                           const TAL::Vector3<float>& normal);
+
+/// Distance along the surface from the skin to the patch: `-radius` over the patch, and not floored at 0, so
+/// a limit of 0 admits points up to one radius beyond the edge.
+float computeTangentDistance(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
+                             float radius);
+
+} // namespace velk::interaction::poke_geometry

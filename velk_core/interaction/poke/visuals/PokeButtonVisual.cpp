@@ -1,0 +1,133 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/poke/visuals/PokeButtonVisual.h"
+
+#include "velk_common/VelkAssert.h"
+#include "velk_core/interaction/poke/PokeGeometry.h"
+
+#include <cmath>
+#include <utility>
+
+namespace velk::interaction
+{
+
+namespace
+{
+
+// The cap stays under the lowest finger, never above `extent` and never below the base.
+float calculateExtentFromState(const PokeInteractable* interactable, float extent)
+{
+    if (interactable == nullptr) {
+        return extent;
+    }
+    for (const PokeInteractor* interactor : interactable->getInteractors()) {
+        extent = std::fmin(poke_geometry::computeDistanceAbove(*interactable, interactor->getOrigin(),
+                                                               interactor->getRadius()),
+                           extent);
+    }
+    return std::fmax(0.0f, extent);
+}
+
+} // namespace
+
+PokeButtonVisual::PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable,
+                                   TAL::Pose<float> basePose, float maxExtent)
+    : basePose_(basePose)
+    , maxExtent_(maxExtent)
+    , currentExtent_(maxExtent)
+{
+    common::velkAssert(pokeInteractable.lock() != nullptr);
+    setPokeInteractable(std::move(pokeInteractable), basePose, maxExtent);
+}
+
+PokeButtonVisual::~PokeButtonVisual()
+{
+    unsubInteractorAddedRemovedHandlers();
+    unsubInteractorPostprocessHandler();
+}
+
+void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable,
+                                           TAL::Pose<float> basePose, float maxExtent)
+{
+    unsubInteractorPostprocessHandler();
+    unsubInteractorAddedRemovedHandlers();
+    pokeInteractable_ = std::move(pokeInteractable);
+    basePose_ = basePose;
+    maxExtent_ = maxExtent;
+    if (const auto interactable = pokeInteractable_.lock()) {
+        interactorAddedHandler_ = interactable->subscribeToWhenInteractorAdded(
+            [this](PokeInteractor* interactor) { handleInteractorAdded(interactor); });
+        interactorRemovedHandler_ = interactable->subscribeToWhenInteractorRemoved(
+            [this](PokeInteractor* interactor) { handleInteractorRemoved(interactor); });
+    }
+    updateVisualPosition();
+}
+
+void PokeButtonVisual::updateBasePose(const TAL::Pose<float>& basePose, float maxExtent)
+{
+    basePose_ = basePose;
+    maxExtent_ = maxExtent;
+    updateVisualPosition();
+}
+
+TAL::Pose<float> PokeButtonVisual::getCurrentPose() const
+{
+    return TAL::Pose<float>(basePose_.rotation,
+                            basePose_.Transform(TAL::Vector3<float>(0.0f, 0.0f, currentExtent_)));
+}
+
+// One finger's frame is enough to update: the update looks at all of them.
+void PokeButtonVisual::handleInteractorAdded(PokeInteractor* interactor)
+{
+    if (monitoredInteractor_ == nullptr) {
+        monitor(interactor);
+    }
+}
+
+// With another finger still there, the extent waits for that one's frame.
+void PokeButtonVisual::handleInteractorRemoved(PokeInteractor* interactor)
+{
+    if (interactor != monitoredInteractor_) {
+        return;
+    }
+    unsubInteractorPostprocessHandler();
+    const auto interactable = pokeInteractable_.lock();
+    if (interactable != nullptr && interactable->getInteractorsCount() != 0) {
+        monitor(*interactable->getInteractors().begin());
+        return;
+    }
+    updateVisualPosition();
+}
+
+void PokeButtonVisual::monitor(PokeInteractor* interactor)
+{
+    monitoredInteractor_ = interactor;
+    interactorPostprocessHandler_ =
+        interactor->subscribeToWhenPostprocessed([this] { updateVisualPosition(); });
+}
+
+void PokeButtonVisual::unsubInteractorAddedRemovedHandlers()
+{
+    if (const auto interactable = pokeInteractable_.lock()) {
+        interactable->unsubscribeToWhenInteractorAdded(interactorAddedHandler_);
+        interactable->unsubscribeToWhenInteractorRemoved(interactorRemovedHandler_);
+    }
+    interactorAddedHandler_ = 0;
+    interactorRemovedHandler_ = 0;
+}
+
+void PokeButtonVisual::unsubInteractorPostprocessHandler()
+{
+    if (interactorPostprocessHandler_ != 0) {
+        monitoredInteractor_->unsubscribeToWhenPostprocessed(interactorPostprocessHandler_);
+    }
+    interactorPostprocessHandler_ = 0;
+    monitoredInteractor_ = nullptr;
+}
+
+void PokeButtonVisual::updateVisualPosition()
+{
+    currentExtent_ = calculateExtentFromState(pokeInteractable_.lock().get(), maxExtent_);
+}
+
+} // namespace velk::interaction

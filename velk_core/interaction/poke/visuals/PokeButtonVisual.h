@@ -1,0 +1,65 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "math/Pose.h"
+#include "velk_core/interaction/poke/PokeInteractable.h"
+#include "velk_core/interaction/poke/PokeInteractor.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace velk::interaction
+{
+
+/// The pose of a button's moving cap, which fingers push down from its rest towards the base. Renders
+/// nothing: a host reads pose and extent.
+///
+///     =====  cap at rest, maxExtent over the base      o
+///     - - -  cap under a finger, currentExtent        ===
+///     _____  base: the fully pressed position        _____
+///
+/// The extent follows from the fingers that hover the interactable and nothing else, and is updated at the
+/// end of the update of one of them. Heights are those over the interactable's backing surface, so the base
+/// and that surface are expected to coincide.
+class PokeButtonVisual
+{
+public:
+    /// Local +z of `basePose` is the direction of the extent; metres. An interactable that is gone already
+    /// ends the process. One that goes later leaves the cap at rest.
+    PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable, TAL::Pose<float> basePose,
+                     float maxExtent);
+    ~PokeButtonVisual();
+
+    PokeButtonVisual(const PokeButtonVisual&) = delete;
+    PokeButtonVisual& operator=(const PokeButtonVisual&) = delete;
+
+    /// A finger that is on the interactable already moves the cap only once another one comes.
+    void setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, TAL::Pose<float> basePose,
+                             float maxExtent);
+
+    /// Takes effect at once, also with fingers present.
+    void updateBasePose(const TAL::Pose<float>& basePose, float maxExtent);
+
+    float getCurrentExtent() const { return currentExtent_; }
+    TAL::Pose<float> getCurrentPose() const;
+
+private:
+    void handleInteractorAdded(PokeInteractor* interactor);
+    void handleInteractorRemoved(PokeInteractor* interactor);
+    void monitor(PokeInteractor* interactor);
+    void unsubInteractorAddedRemovedHandlers();
+    void unsubInteractorPostprocessHandler();
+    void updateVisualPosition();
+
+    std::weak_ptr<PokeInteractable> pokeInteractable_;
+    uint32_t interactorAddedHandler_ = 0; // 0 stands for no subscription, here and below
+    uint32_t interactorRemovedHandler_ = 0;
+    PokeInteractor* monitoredInteractor_ = nullptr; // kept valid by handleInteractorRemoved
+    uint32_t interactorPostprocessHandler_ = 0;
+    TAL::Pose<float> basePose_;
+    float maxExtent_;
+    float currentExtent_;
+};
+
+} // namespace velk::interaction
