@@ -1,0 +1,103 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/poke/visuals/HandPokeLimiterVisual.h"
+
+#include "velk_common/VelkAssert.h"
+
+#include <utility>
+
+namespace velk::interaction
+{
+
+using data_source::SyntheticHand;
+
+namespace
+{
+
+constexpr float kLockedInFull = 1.0f;
+constexpr bool kSkipAnimation = true;
+
+} // namespace
+
+HandPokeLimiterVisual::HandPokeLimiterVisual(std::weak_ptr<data_source::IDataSource<data::HandData>> hand,
+                                             std::weak_ptr<PokeInteractor> pokeInteractor,
+                                             std::weak_ptr<SyntheticHand> syntheticHand)
+    : hand_(std::move(hand))
+    , pokeInteractor_(std::move(pokeInteractor))
+    , syntheticHand_(std::move(syntheticHand))
+    , stateChangedHandler_(pokeInteractor_.lock()->registerWhenStateChangedHandler(
+          [this](InteractorStateChangeArgs args) { handleStateChanged(args); }))
+{
+    const auto interactor = pokeInteractor_.lock();
+    common::velkAssert(interactor != nullptr);
+    passedSurfaceHandler_ = interactor->subscribeToWhenPassedSurfaceChanged(
+        [this](bool passed) { handlePassedSurfaceChanged(passed); });
+}
+
+HandPokeLimiterVisual::~HandPokeLimiterVisual()
+{
+    const auto interactor = pokeInteractor_.lock();
+    if (!interactor) {
+        // The subscriptions went with the interactor; the wrist is left as it is.
+        stateChangedHandler_.release();
+        return;
+    }
+    interactor->unsubscribeToWhenPassedSurfaceChanged(passedSurfaceHandler_);
+    if (isWristLocked_) {
+        unlockWrist();
+    }
+}
+
+void HandPokeLimiterVisual::update()
+{
+    updateWrist();
+}
+
+void HandPokeLimiterVisual::updateWrist() const
+{
+    if (!isWristLocked_) {
+        return;
+    }
+    const auto hand = hand_.lock();
+    const auto interactor = pokeInteractor_.lock();
+    const auto syntheticHand = syntheticHand_.lock();
+    if (!hand || !interactor || !syntheticHand) {
+        return;
+    }
+    const TAL::Pose<float> wristPose = hand->getData().rootPose;
+    const TAL::Vector3<float> offset = wristPose.translation - interactor->getOrigin();
+    const TAL::Vector3<float> position =
+        interactor->getTouchPoint() + offset + interactor->getRadius() * interactor->getTouchNormal();
+    syntheticHand->lockWristPose(TAL::Pose<float>(wristPose.rotation, position), kLockedInFull,
+                                 SyntheticHand::WristLockMode::PositionAndRotation, kSkipAnimation);
+}
+
+// The lock is applied by the next update.
+void HandPokeLimiterVisual::lockWrist()
+{
+    isWristLocked_ = true;
+}
+
+void HandPokeLimiterVisual::unlockWrist()
+{
+    if (const auto syntheticHand = syntheticHand_.lock()) {
+        syntheticHand->freeWrist(SyntheticHand::WristLockMode::PositionAndRotation);
+        isWristLocked_ = false;
+    }
+}
+
+void HandPokeLimiterVisual::handlePassedSurfaceChanged(bool passed)
+{
+    if (passed) {
+        lockWrist();
+    } else {
+        unlockWrist();
+    }
+}
+
+void HandPokeLimiterVisual::handleStateChanged(const InteractorStateChangeArgs&)
+{
+    handlePassedSurfaceChanged(pokeInteractor_.lock()->isPassedSurface());
+}
+
+} // namespace velk::interaction
