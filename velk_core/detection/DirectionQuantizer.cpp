@@ -1,0 +1,68 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/detection/DirectionQuantizer.h"
+
+#include "math/Functions.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velk::detection
+{
+namespace
+{
+
+constexpr float kDegreesPerRadian = 57.29578f;
+
+} // namespace
+
+DirectionQuantizer::DirectionQuantizer(const TAL::Vector3<float>& direction, float middleAngle,
+                                       float farAngle)
+    : direction_(direction.Normalized())
+{
+    // The first two thresholds look made for a cosine, but an angle is held against them. They stay: every
+    // angle that is a number is then at least close.
+    Quantizer<TAL::Vector3<float>, Axis, Alignment>::Thresholds thresholds = {
+        {AxisDirection,
+         {{AlignmentNone, -1.0f},
+          {AlignmentClose, -0.1f},
+          {AlignmentMiddle, middleAngle},
+          {AlignmentFar, farAngle}}}};
+    quantizer_ = std::make_unique<Quantizer<TAL::Vector3<float>, Axis, Alignment>>(
+        std::move(thresholds),
+        [this](const TAL::Vector3<float>& value, std::unordered_map<Axis, float>& deltas) {
+            return mapDirectionToAngleDegreeDelta(value, deltas);
+        });
+}
+
+int DirectionQuantizer::convert(TAL::Vector3<float> value, Levels** result)
+{
+    return quantizer_->convert(value, result);
+}
+
+DirectionQuantizer::Levels DirectionQuantizer::getKeyQuantValueMap() const
+{
+    return quantizer_->getKeyQuantValueMap();
+}
+
+bool DirectionQuantizer::findLevel(Axis axis, Alignment& level) const
+{
+    const Levels& levels = quantizer_->getKeyQuantValueMap();
+    const auto found = levels.find(axis);
+    if (found == levels.end()) {
+        return false;
+    }
+    level = found->second;
+    return true;
+}
+
+bool DirectionQuantizer::mapDirectionToAngleDegreeDelta(const TAL::Vector3<float>& value,
+                                                        std::unordered_map<Axis, float>& deltas) const
+{
+    const TAL::Vector3<float> unit = value.Normalized();
+    const float cosine = std::clamp(direction_.Dot(unit), -1.0f, 1.0f);
+    deltas[AxisDirection] = TAL::ArcCos(cosine) * kDegreesPerRadian;
+    return true;
+}
+
+} // namespace velk::detection
