@@ -1,0 +1,239 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "velk_telemetry/detail/TelemetryCache.h"
+
+#include <mutex>
+
+namespace velk::telemetry
+{
+namespace
+{
+
+constexpr int kAdded = 1;
+constexpr int kAlreadyAdded = 0;
+constexpr int kDeclared = 0;
+constexpr int kAlreadyDeclared = -2;
+constexpr int kEventProcessed = 1;
+constexpr int kNothingToProcess = 2;
+constexpr int kUnknownEvent = -2;
+
+constinit std::mutex dataAccessMutex;
+
+struct Bump
+{
+    template <typename Number>
+    void operator()(Number& number) const
+    {
+        number += Number{1};
+    }
+
+    void operator()(bool& flag) const { flag = true; }
+
+    void operator()(std::string& /*text*/) const {}
+};
+
+// NOLINTNEXTLINE(bugprone-exception-escape): an operation that throws is to end the process
+void bump(Value& value) noexcept
+{
+    std::visit(Bump{}, value);
+}
+
+} // namespace
+
+int TelemetryCache::addEventToAllowList(const std::string& event)
+{
+    return allowList_.insert(event).second ? kAdded : kAlreadyAdded;
+}
+
+int TelemetryCache::declareDuplexEvent(const std::string& event, const std::string& duplexEvent)
+{
+    if (isDuplexedEvent(event)) {
+        return kAlreadyDeclared;
+    }
+    addEventToAllowList(duplexEvent);
+    duplexEvents_.emplace(event, duplexEvent);
+    return kDeclared;
+}
+
+int TelemetryCache::declareDuplexField(const std::string& event, const std::string& field,
+                                       const std::string& duplexField)
+{
+    return duplexFields_.try_emplace({event, field}, duplexField).second ? kDeclared : kAlreadyDeclared;
+}
+
+UpdateValueResult TelemetryCache::storeDefaultValue(const std::string& event, const std::string& field,
+                                                    Value value)
+{
+    const std::lock_guard lock(dataAccessMutex);
+    if (!isEventOnAllowList(event)) {
+        return UpdateValueResult::EventNotAllowed;
+    }
+    defaultValues_[event][field] = std::move(value);
+    return UpdateValueResult::Set;
+}
+
+UpdateValueResult TelemetryCache::storeValue(const std::string& event, const std::string& field, Value value)
+{
+    const std::lock_guard lock(dataAccessMutex);
+    if (!isEventOnAllowList(event)) {
+        return UpdateValueResult::EventNotAllowed;
+    }
+    values_[event][field] = std::move(value);
+    dirtyEvents_.insert(event);
+    return UpdateValueResult::Set;
+}
+
+AccessValueResult TelemetryCache::readValue(const std::string& event, const std::string& field,
+                                            Value& out) const
+{
+    const std::lock_guard lock(dataAccessMutex);
+    if (!isEventOnAllowList(event)) {
+        return AccessValueResult::EventNotAllowed;
+    }
+    const FieldTable& fields = values_.at(event);
+    const auto found = fields.find(field);
+    if (found == fields.end()) {
+        return AccessValueResult::FieldUnknown;
+    }
+    out = found->second;
+    return AccessValueResult::Read;
+}
+
+UpdateValueResult TelemetryCache::incrementValue(const std::string& event, const std::string& field)
+{
+    const std::lock_guard lock(dataAccessMutex);
+    if (!isEventOnAllowList(event)) {
+        return UpdateValueResult::EventNotAllowed;
+    }
+    incrementValueInternal(event, field, bump);
+    if (isDuplexedEvent(event)) {
+        const std::string& duplexEvent = duplexEvents_.at(event);
+        // A field without a declared duplex field bumps the field with the empty name.
+        const std::string& duplexField = duplexFields_[{event, field}];
+        incrementValueInternal(duplexEvent, duplexField, bump);
+        dirtyEvents_.insert(duplexEvent);
+    }
+    dirtyEvents_.insert(event);
+    return UpdateValueResult::Incremented;
+}
+
+void TelemetryCache::resetToDefaultValues()
+{
+    const std::lock_guard lock(dataAccessMutex);
+    // Each event alone: going on to its duplex event could add to the table under the loop.
+    for (const auto& [event, fields] : values_) {
+        resetEventFieldValuesDirect(event);
+    }
+}
+
+void TelemetryCache::initializeEvent(std::string_view event)
+{
+    const std::lock_guard lock(dataAccessMutex);
+    resetEventFieldValues(event);
+}
+
+void TelemetryCache::clearDirtyEvents()
+{
+    const std::lock_guard lock(dataAccessMutex);
+    for (const std::string& event : dirtyEvents_) {
+        resetEventFieldValues(event);
+    }
+    dirtyEvents_.clear();
+}
+
+bool TelemetryCache::isEventOnAllowList(const std::string& event) const
+{
+    return allowList_.contains(event);
+}
+
+bool TelemetryCache::isDuplexedEvent(const std::string& event) const
+{
+    return duplexEvents_.contains(event);
+}
+
+int TelemetryCache::processDirtyEvents(IEventProcessor& processor)
+{
+    std::vector<EventSnapshot> snapshots;
+    {
+        const std::lock_guard lock(dataAccessMutex);
+        for (const std::string& event : dirtyEvents_) {
+            if (auto snapshot = takeSnapshot(event)) {
+                snapshots.push_back(std::move(*snapshot));
+            }
+        }
+    }
+    int result = kNothingToProcess;
+    for (const EventSnapshot& snapshot : snapshots) {
+        if (processSnapshot(snapshot, processor) == kEventProcessed) {
+            result = kEventProcessed;
+        }
+    }
+    return result;
+}
+
+int TelemetryCache::processEvent(std::string_view event, IEventProcessor& processor)
+{
+    std::optional<EventSnapshot> snapshot;
+    {
+        const std::lock_guard lock(dataAccessMutex);
+        snapshot = takeSnapshot(std::string(event));
+    }
+    return snapshot ? processSnapshot(*snapshot, processor) : kUnknownEvent;
+}
+
+int TelemetryCache::processSnapshot(const EventSnapshot& snapshot, IEventProcessor& processor)
+{
+    if (snapshot.fields.empty()) {
+        return kNothingToProcess;
+    }
+    processor.prepareEvent(snapshot.event);
+    for (const auto& [field, value] : snapshot.fields) {
+        processor.processField(field, value);
+    }
+    return processor.finalizeEvent();
+}
+
+bool TelemetryCache::incrementValueInternal(const std::string& event, const std::string& field,
+                                            Operation operation)
+{
+    Value& value = values_[event][field];
+    if (std::holds_alternative<std::string>(value)) {
+        return false;
+    }
+    operation(value);
+    return true;
+}
+
+void TelemetryCache::resetEventFieldValues(std::string_view event)
+{
+    resetEventFieldValuesDirect(event);
+    const auto duplex = duplexEvents_.find(std::string(event));
+    if (duplex != duplexEvents_.end()) {
+        resetEventFieldValuesDirect(duplex->second);
+    }
+}
+
+void TelemetryCache::resetEventFieldValuesDirect(std::string_view event)
+{
+    const std::string name(event);
+    for (const auto& [field, value] : defaultValues_[name]) {
+        values_[name][field] = value;
+    }
+}
+
+const TelemetryCache::FieldTable* TelemetryCache::getFieldValueMap(const std::string& event)
+{
+    return isEventOnAllowList(event) ? &values_[event] : nullptr;
+}
+
+std::optional<TelemetryCache::EventSnapshot> TelemetryCache::takeSnapshot(const std::string& event)
+{
+    const FieldTable* fields = getFieldValueMap(event);
+    if (fields == nullptr) {
+        return std::nullopt;
+    }
+    return EventSnapshot{event, {fields->begin(), fields->end()}};
+}
+
+} // namespace velk::telemetry

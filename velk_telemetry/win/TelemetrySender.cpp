@@ -1,0 +1,132 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "velk_telemetry/win/TelemetrySender.h"
+
+#include "velk_common/VelkLog.h"
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace velk::telemetry
+{
+namespace
+{
+
+namespace log = velk::common::log;
+
+constexpr const char* kSource = "velk_telemetry/win/TelemetrySender.cpp";
+
+constinit std::atomic<int> keepThreadAliveSignal = 1;
+
+class PrintNameAndValue
+{
+public:
+    explicit PrintNameAndValue(std::string_view name)
+        : name_(name)
+    {
+    }
+
+    void operator()(int value) const
+    {
+        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %i", name_.c_str(), value);
+    }
+
+    void operator()(float value) const { (*this)(static_cast<double>(value)); }
+
+    void operator()(double value) const
+    {
+        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %f", name_.c_str(), value);
+    }
+
+    void operator()(const std::string& value) const { printText(value.c_str()); }
+
+    void operator()(bool value) const { printText(value ? "True" : "False"); }
+
+private:
+    void printText(const char* text) const
+    {
+        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %s", name_.c_str(), text);
+    }
+
+    std::string name_;
+};
+
+class PrintValuesEventProcessor : public IEventProcessor
+{
+public:
+    void prepareEvent(std::string_view eventName) override
+    {
+        log::logWithTag(log::kInfo, log::kTag, kSource, "Sending Event: %s", std::string(eventName).c_str());
+    }
+
+    void processField(std::string_view fieldName, Value value) override
+    {
+        std::visit(PrintNameAndValue(fieldName), value);
+    }
+
+    int finalizeEvent() override
+    {
+        log::logWithTag(log::kInfo, log::kTag, kSource, "finalizeEvent");
+        return 1;
+    }
+};
+
+void sendTelemetryAtInterval(const TelemetrySender& sender, float interval)
+{
+    const auto pause =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::duration<float>(interval));
+    while (keepThreadAliveSignal.load() >= 1) {
+        log::logWithTag(log::kDebug, log::kTag, kSource, "Attempting to send");
+        const int result = sender.send();
+        log::logWithTag(log::kDebug, log::kTag, kSource, "Send Result: %i", result);
+        std::this_thread::yield();
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+} // namespace
+
+TelemetrySender::TelemetrySender(TelemetryCache& cache, float sendInterval)
+    : cache_(cache)
+    , sendInterval_(sendInterval)
+    , configuredInterval_(sendInterval)
+{
+}
+
+TelemetrySender::~TelemetrySender()
+{
+    if (sendingThread_) {
+        keepThreadAliveSignal.store(0);
+        sendingThread_->join();
+    }
+    sendingThread_.reset();
+}
+
+TelemetrySender& TelemetrySender::operator=(TelemetrySender&& other) noexcept
+{
+    cache_ = std::move(other.cache_);
+    sendInterval_ = other.sendInterval_;
+    configuredInterval_ = other.configuredInterval_;
+    sendingThread_ = std::move(other.sendingThread_);
+    return *this;
+}
+
+bool TelemetrySender::startSendingThread()
+{
+    keepThreadAliveSignal.store(1);
+    sendingThread_ = std::make_unique<std::thread>([this] { sendTelemetryAtInterval(*this, sendInterval_); });
+    return sendingThread_ != nullptr;
+}
+
+int TelemetrySender::send() const
+{
+    PrintValuesEventProcessor processor;
+    const int result = cache_.processDirtyEvents(processor);
+    cache_.clearDirtyEvents();
+    return result;
+}
+
+} // namespace velk::telemetry
