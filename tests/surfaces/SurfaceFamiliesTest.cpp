@@ -1,0 +1,37 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/support/MathMatchers.h"
+#include "velk_capi/detail/VelkClippedPlaneSurface.h"
+#include "velk_capi/detail/VelkPointableAxisAlignedBox.h"
+#include "velk_capi/detail/VelkPointablePlane.h"
+#include "velk_capi/detail/VelkPointableSurface.h"
+
+#include <stdexcept>
+
+namespace velk::test
+{
+
+using namespace capi;
+
+TEST(SurfaceFamilies, NullArgumentsAndKinds)
+{
+    const talpPosef pose{{0.0f, 0.0f, 0.0f, 1.0f}, {0.0f, 0.0f, 2.0f}};
+    const talpVector3f a{3.0f, 0.0f, 3.0f};
+    const talpVector3f b{0.0f, 3.0f, 0.0f};
+    const auto plane = pointable_plane::create(nullptr, nullptr);
+    const auto box = pointable_axis_aligned_box::create(nullptr, nullptr);
+    EXPECT_EQ(pointable_surface::setPose(box, &pose), -1);
+    EXPECT_EQ(pointable_axis_aligned_box::setCentroid(box, nullptr), -4);
+    EXPECT_EQ(pointable_axis_aligned_box::setBounds(box, &a, &b), 0); // in order, axis by axis
+
+    velk_SurfaceHit hit{};
+    EXPECT_EQ(pointable_surface::closestSurfacePoint(plane, nullptr, &hit, 0.0f), -1);
+    EXPECT_EQ(pointable_surface::closestSurfacePoint(plane, &a, nullptr, 1.0f), 2);
+    EXPECT_TRUE(pointable_surface::closestSurfacePoint(box, &pose.position, &hit, 0.0f) == 1 &&
+                hit.normal.y == -1.0f);
+
+    EXPECT_EQ(clipped_plane_surface::setPose(clipped_plane_surface::create(&pose, nullptr, 0), &pose), -1);
+    EXPECT_THROW(clipped_plane_surface::create(&pose, nullptr, -1), std::length_error);
+}
+
+} // namespace velk::test

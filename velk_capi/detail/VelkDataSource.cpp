@@ -1,0 +1,178 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkDataSource.h"
+
+#include "velk_capi/detail/HandDataConversions.h"
+#include "velk_capi/detail/Status.h"
+#include "velk_common/VelkLog.h"
+#include "velk_core/data_sources/hand/DummyHandSource.h"
+#include "velk_core/data_sources/hand/ExternalHandSource.h"
+#include "velk_core/data_sources/hand/OneEuroHandFilter.h"
+#include "velk_core/data_sources/hand/SyntheticHand.h"
+#include "velk_telemetry/detail/Telemetry.h"
+
+#include <memory>
+#include <utility>
+
+namespace velk::capi
+{
+
+namespace
+{
+
+using data::HandData;
+using velk::data_source::DummyHandSource;
+using velk::data_source::ExternalHandSource;
+using velk::data_source::OneEuroHandFilter;
+using velk::data_source::SyntheticHand;
+
+using HandSource = velk::data_source::IDataSource<HandData>;
+
+constexpr auto kNoSourceType = static_cast<VelkDataSourceHandle>(-1);
+constexpr auto kUnknownSourceType = static_cast<VelkDataSourceHandle>(-2);
+constexpr auto kUnknownModifierType = static_cast<VelkDataSourceHandle>(-1);
+constexpr auto kUnknownSource = static_cast<VelkDataSourceHandle>(-3);
+
+// Attribute results from this one on are failures; a negative one, read as unsigned, is too.
+constexpr uint32_t kFirstFailure = 3;
+
+constexpr const char* kCreateEvent = "brenna_velk_initialized_event";
+constexpr const char* kCreateFeature = "hand_filter_oneeuro";
+
+data_source::Registry registry;
+
+bool isSuccess(HandSource::UpdateAttributeResult result)
+{
+    return static_cast<uint32_t>(result) < kFirstFailure;
+}
+
+} // namespace
+
+namespace data_source
+{
+
+Registry& getRegistry()
+{
+    return registry;
+}
+
+bool isValidDataSourceHandle(VelkDataSourceHandle handle)
+{
+    const auto value = static_cast<int32_t>(handle);
+    return value != -1 && value != -2 && value != -3;
+}
+
+VelkDataSourceHandle create(VelkDataSourceType type)
+{
+    switch (type) {
+    case VelkDataSourceType_None:
+        return kNoSourceType;
+    case VelkDataSourceType_Dummy:
+        return getRegistry().insert(std::make_shared<DummyHandSource>(kNumJointsTalHand));
+    case VelkDataSourceType_External:
+        return getRegistry().insert(std::make_shared<ExternalHandSource>(kNumJointsTalHand));
+    }
+    return kUnknownSourceType;
+}
+
+int32_t destroy(VelkDataSourceHandle handle)
+{
+    return getRegistry().destroy(handle);
+}
+
+int32_t update(VelkDataSourceHandle handle)
+{
+    HandSource* source = getRegistry().getRawPointer(handle);
+    if (source == nullptr) {
+        return kFailure;
+    }
+    // The result is dropped on purpose: a host sees a lost source by a record that no longer changes.
+    static_cast<void>(source->updateData());
+    return kSuccess;
+}
+
+int32_t getData(VelkDataSourceHandle handle, velk_HandData* out)
+{
+    const HandSource* source = getRegistry().getRawPointer(handle);
+    if (source == nullptr) {
+        return kFailure;
+    }
+    *out = SpaceConversions::coreToCapi(source->getData());
+    return kSuccess;
+}
+
+int32_t setAttributeFloat(VelkDataSourceHandle handle, int attributeId, float value)
+{
+    HandSource* source = getRegistry().getRawPointer(handle);
+    if (source == nullptr) {
+        return kFailure;
+    }
+    return isSuccess(source->updateAttribute(attributeId, value)) ? kSuccess : kFailure;
+}
+
+} // namespace data_source
+
+namespace external_hand_source
+{
+
+int32_t setData(VelkDataSourceHandle handle, const velk_HandData* data)
+{
+    if (data == nullptr) {
+        return kFailure;
+    }
+    auto* source = getRawPointerAs<ExternalHandSource>(data_source::getRegistry(), handle);
+    if (source == nullptr) {
+        return kFailure;
+    }
+    // One for all calls: a record per frame then takes no memory per frame.
+    static HandData hand(data_source::kNumJointsTalHand);
+    SpaceConversions::capiToCore(*data, hand);
+    return source->setData(hand) == HandSource::UpdateDataResult::Updated ? kSuccess : kFailure;
+}
+
+} // namespace external_hand_source
+
+namespace data_modifier
+{
+
+namespace
+{
+
+VelkDataSourceHandle makeDataModifier(VelkDataModifierType type, const std::shared_ptr<HandSource>& source)
+{
+    switch (type) {
+    case VelkDataModifierType_OneEuroHandFilter:
+        return registry.insert(std::make_shared<OneEuroHandFilter>(source, true));
+    case VelkDataModifierType_SyntheticHand:
+        return registry.insert(std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config()));
+    }
+    return kUnknownModifierType;
+}
+
+// All modifiers count as a one euro filter, synthetic hands as well.
+void countCreation()
+{
+    const auto result = telemetry::incrementValue(kCreateEvent, kCreateFeature);
+    common::log::logWithTag(common::log::kDebug, common::log::kTag, "velk_capi/detail/VelkDataSource.cpp",
+                            "incrementValue event: %s, feature: %s, result: %i", kCreateEvent, kCreateFeature,
+                            static_cast<int>(result));
+}
+
+} // namespace
+
+VelkDataSourceHandle create(VelkDataModifierType type, VelkDataSourceHandle source)
+{
+    const std::shared_ptr<HandSource> shared = data_source::getRegistry().get(source);
+    if (!shared) {
+        return kUnknownSource;
+    }
+    const VelkDataSourceHandle modifier = makeDataModifier(type, shared);
+    if (data_source::isValidDataSourceHandle(modifier)) {
+        countCreation();
+    }
+    return modifier;
+}
+
+} // namespace data_modifier
+
+} // namespace velk::capi

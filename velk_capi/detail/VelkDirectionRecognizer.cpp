@@ -1,0 +1,70 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkDirectionRecognizer.h"
+
+#include "velk_capi/detail/Status.h"
+#include "velk_capi/detail/VelkDirectionQuantizer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace velk::capi::direction_recognizer
+{
+
+using detection::DirectionQuantizer;
+
+namespace internal
+{
+
+ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>& getRegistry()
+{
+    static ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle> registry;
+    return registry;
+}
+
+} // namespace internal
+
+VelkDirectionRecognizerHandle create()
+{
+    return internal::insert(std::make_shared<DirectionRecognizer>());
+}
+
+int32_t destroy(VelkDirectionRecognizerHandle recognizer)
+{
+    return internal::getRegistry().destroy(recognizer);
+}
+
+int32_t update(VelkDirectionRecognizerHandle recognizer, VelkDirectionQuantizerHandle quantizer,
+               const velk_DetectionParameterList* list)
+{
+    if (list == nullptr) {
+        return kFailure;
+    }
+    auto* target = internal::getRawPtr<DirectionRecognizer>(recognizer);
+    const auto* source = direction_quantizer::internal::getRawPtr<DirectionQuantizer>(quantizer);
+    if (target == nullptr || source == nullptr) {
+        return kFailure;
+    }
+    std::vector<std::pair<DirectionQuantizer::Axis, DirectionQuantizer::Alignment>> wanted;
+    wanted.reserve(static_cast<std::size_t>(std::max(list->count, 0)));
+    for (int32_t i = 0; i < list->count; ++i) {
+        wanted.emplace_back(static_cast<DirectionQuantizer::Axis>(list->entries[i].axis),
+                            static_cast<DirectionQuantizer::Alignment>(list->entries[i].alignment));
+    }
+    return target->update(wanted, source->getKeyQuantValueMap()) == 1 ? kSuccess : kFailure;
+}
+
+int32_t isActive(VelkDirectionRecognizerHandle recognizer, bool* isActive)
+{
+    const auto* target = internal::getRawPtr<DirectionRecognizer>(recognizer);
+    if (target == nullptr || isActive == nullptr) {
+        return kFailure;
+    }
+    *isActive = target->isActive();
+    return kSuccess;
+}
+
+} // namespace velk::capi::direction_recognizer

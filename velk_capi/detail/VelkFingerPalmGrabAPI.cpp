@@ -1,0 +1,111 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkFingerPalmGrabAPI.h"
+
+#include "velk_capi/detail/GrabDataConversions.h"
+#include "velk_capi/detail/SpaceConversions.h"
+#include "velk_capi/detail/Status.h"
+#include "velk_common/VelkLog.h"
+#include "velk_telemetry/detail/Telemetry.h"
+
+#include <memory>
+
+namespace velk::capi::fingerpalmgrab_api
+{
+
+using interaction::grab::FingerPalmGrabAPI;
+using interaction::grab::HandFinger;
+
+namespace internal
+{
+
+ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>& getRegistry()
+{
+    static ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle> registry;
+    return registry;
+}
+
+} // namespace internal
+
+namespace
+{
+
+constexpr const char* kSource = "velk_capi/detail/VelkFingerPalmGrabAPI.cpp";
+
+std::weak_ptr<FingerPalmGrabAPI> GetAPIFromHandle(VelkPalmGrabAPIHandle handle)
+{
+    return internal::getRegistry().get(handle);
+}
+
+} // namespace
+
+VelkPalmGrabAPIHandle create()
+{
+    const VelkPalmGrabAPIHandle handle = internal::getRegistry().create<FingerPalmGrabAPI>();
+    if (handle == VelkPalmGrabAPIHandle_Invalid) {
+        common::log::logWithTag(common::log::kError, common::log::kTag, kSource,
+                                "ERROR velk::capi::fingerpalmgrab_api::  invalid handle returned");
+    } else {
+        velk::telemetry::incrementValue("brenna_velk_feature_used_event", "handgrab_count");
+    }
+    return handle;
+}
+
+int32_t destroy(VelkPalmGrabAPIHandle api)
+{
+    return internal::getRegistry().destroy(api);
+}
+
+int32_t updateHandData(VelkPalmGrabAPIHandle api, const velk_HandPalmData* data)
+{
+    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    if (target == nullptr) {
+        return kFailure;
+    }
+    const data::HandPalmData hand = SpaceConversions::capiToCore(*data);
+    target->Update(&hand);
+    return kSuccess;
+}
+
+int32_t getFingerIsGrabbing(VelkPalmGrabAPIHandle api, VelkHandFinger finger, bool* isGrabbing)
+{
+    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    if (target == nullptr) {
+        return kFailure;
+    }
+    *isGrabbing = target->GetFingerIsGrabbing(static_cast<HandFinger>(finger));
+    return kSuccess;
+}
+
+int32_t getFingerIsGrabbingChanged(VelkPalmGrabAPIHandle api, VelkHandFinger finger, bool targetGrabState,
+                                   bool* hasChanged)
+{
+    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    if (target == nullptr) {
+        return kFailure;
+    }
+    *hasChanged = target->GetFingerIsGrabbingChanged(static_cast<HandFinger>(finger), targetGrabState);
+    return kSuccess;
+}
+
+int32_t getCenterOffset(VelkPalmGrabAPIHandle api, talpVector3f* offset)
+{
+    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    if (target == nullptr) {
+        return kFailure;
+    }
+    *offset = SpaceConversions::talToTalp(target->GetCenterOffset());
+    return kSuccess;
+}
+
+int32_t getFingerGrabScore(VelkPalmGrabAPIHandle api, VelkHandFinger finger, float* score)
+{
+    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    if (target == nullptr) {
+        return kFailure;
+    }
+    *score = target->GetFingerGrabScore(static_cast<HandFinger>(finger));
+    return kSuccess;
+}
+
+} // namespace velk::capi::fingerpalmgrab_api

@@ -1,0 +1,74 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkInteractable.h"
+
+#include "velk_capi/detail/InteractableKinds.h"
+#include "velk_capi/detail/PayloadAccess.h"
+
+#include <utility>
+
+namespace velk::capi::interactable
+{
+
+namespace internal
+{
+
+Registry& getRegistry()
+{
+    constructKindRegistriesFirst();
+    static Registry registry;
+    return registry;
+}
+
+ReverseLookUpRegistry& getReverseLookUpRegistry()
+{
+    static ReverseLookUpRegistry registry;
+    return registry;
+}
+
+} // namespace internal
+
+VelkInteractableHandle insert(std::shared_ptr<interaction::IInteractable> object)
+{
+    const VelkInteractableHandle handle = internal::getRegistry().insert(std::move(object));
+    internal::getReverseLookUpRegistry().emplace(internal::getRegistry().getRawPointer(handle), handle);
+    return handle;
+}
+
+std::shared_ptr<interaction::IInteractable> getPtr(VelkInteractableHandle interactable)
+{
+    return internal::getRegistry().get(interactable);
+}
+
+VelkInteractableHandle getHandle(const interaction::IInteractable* object)
+{
+    return internal::getReverseLookUpRegistry().at(object);
+}
+
+int32_t destroy(VelkInteractableHandle interactable)
+{
+    internal::getReverseLookUpRegistry().erase(internal::getRegistry().getRawPointer(interactable));
+    return internal::getRegistry().destroy(interactable);
+}
+
+int32_t getState(VelkInteractableHandle interactable, VelkInteractableState* state)
+{
+    const interaction::IInteractable* const target = internal::getRegistry().getRawPointer(interactable);
+    if (target == nullptr) {
+        return kFailure;
+    }
+    *state = static_cast<VelkInteractableState>(target->getState());
+    return kSuccess;
+}
+
+int32_t getPayload(VelkInteractableHandle interactable, VelkPayload** payload)
+{
+    return getPayloadOf(internal::getRegistry().getRawPointer(interactable), payload);
+}
+
+int32_t setPayload(VelkInteractableHandle interactable, VelkPayload* payload)
+{
+    return setPayloadOf(internal::getRegistry().getRawPointer(interactable), payload);
+}
+
+} // namespace velk::capi::interactable

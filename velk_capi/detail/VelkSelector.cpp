@@ -1,0 +1,44 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkSelector.h"
+
+namespace velk::capi::selector
+{
+
+ObjectRegistry<select::Selector, VelkSelectorHandle>& getRegistry()
+{
+    static ObjectRegistry<select::Selector, VelkSelectorHandle> registry;
+    return registry;
+}
+
+VelkSelectorHandle create()
+{
+    return getRegistry().create<select::Selector>();
+}
+
+int32_t destroy(VelkSelectorHandle selector)
+{
+    return getRegistry().destroy(selector);
+}
+
+int32_t select(VelkSelectorHandle selector)
+{
+    select::Selector* const target = getRegistry().getRawPointer(selector);
+    if (target == nullptr) {
+        return kFailure;
+    }
+    target->select();
+    return kSuccess;
+}
+
+int32_t unselect(VelkSelectorHandle selector)
+{
+    select::Selector* const target = getRegistry().getRawPointer(selector);
+    if (target == nullptr) {
+        return kFailure;
+    }
+    target->unselect();
+    return kSuccess;
+}
+
+} // namespace velk::capi::selector

@@ -1,0 +1,24 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_capi/detail/VelkSurfacePatch.h"
+
+namespace velk::capi::surface_patch
+{
+
+internal::Registry& internal::getRegistry()
+{
+    static Registry registry;
+    return registry;
+}
+
+std::shared_ptr<interaction::surface::ISurfacePatch> getPtr(VelkSurfacePatchHandle handle)
+{
+    return internal::getRegistry().get(handle);
+}
+
+int32_t destroy(VelkSurfacePatchHandle handle)
+{
+    return internal::getRegistry().destroy(handle);
+}
+
+} // namespace velk::capi::surface_patch
