@@ -1,0 +1,19 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace velk_play
+{
+
+/// A file or an argument that the user has to mend. what() is the whole line to show, with file, line or key.
+class InputError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace velk_play

@@ -1,0 +1,116 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "InputError.h"
+#include "output/EventWriter.h"
+#include "output/FrameWriter.h"
+#include "output/TransitionPrinter.h"
+#include "play/Player.h"
+#include "recording/RecordingReader.h"
+#include "report/ReportWriter.h"
+#include "scene/SceneReader.h"
+
+namespace
+{
+
+constexpr int kBadInput = 2;
+
+struct Options
+{
+    std::string scene;
+    std::string recording;
+    std::string triggers;
+    std::string events;
+    std::string frames;
+    std::string report;
+    bool quiet = false;
+    bool realTime = false;
+    bool fullExit = false;
+};
+
+void addOptions(CLI::App& app, Options& options)
+{
+    app.add_option("scene", options.scene, "Scene file (JSON)")->required();
+    app.add_option("recording", options.recording, "Recording of hands or controllers (CSV)")->required();
+    app.add_option(
+        "--triggers", options.triggers,
+        "Trigger events (CSV); by default <recording>_events.csv where that stands beside the recording");
+    app.add_option("--events", options.events, "Write each transition to this file (JSON Lines)");
+    app.add_option("--frames", options.frames, "Write each frame to this file (CSV)");
+    app.add_option("--report", options.report, "Write a page with all that happened to this file (HTML)");
+    app.add_flag("--quiet", options.quiet, "Print the summary only");
+    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible");
+    app.add_flag("--full-exit", options.fullExit,
+                 "Leave through the library's own shutdown, which can wait 10 s for its thread");
+    app.set_version_flag("--version", [] {
+        const char* version = nullptr;
+        velk_Common_GetVersion(&version);
+        return std::string(version);
+    });
+}
+
+void run(const Options& options)
+{
+    using namespace velk_play;
+    const Scene scene = loadScene(options.scene);
+    const Recording recording = loadRecording(options.recording, options.triggers);
+    checkScene(scene, recording);
+
+    std::vector<std::unique_ptr<Observer>> outputs;
+    outputs.push_back(std::make_unique<TransitionPrinter>(options.quiet));
+    if (!options.events.empty())
+        outputs.push_back(std::make_unique<EventWriter>(options.events));
+    if (!options.frames.empty())
+        outputs.push_back(std::make_unique<FrameWriter>(options.frames));
+    if (!options.report.empty())
+        outputs.push_back(std::make_unique<ReportWriter>(options.report));
+
+    std::vector<Observer*> observers;
+    for (const auto& output : outputs)
+        observers.push_back(output.get());
+    play(scene, recording, observers, options.realTime ? Pace::RealTime : Pace::AsFastAsPossible);
+}
+
+int guardedMain(int argc, char** argv, Options& options)
+{
+    CLI::App app("Plays recorded motion through a scene of velk and shows what the library decides.",
+                 "velk-play");
+    addOptions(app, options);
+    try {
+        app.parse(argc, argv);
+        run(options);
+        return EXIT_SUCCESS;
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EXIT_SUCCESS : kBadInput;
+    } catch (const velk_play::InputError& error) {
+        fmt::print(stderr, "velk-play: {}\n", error.what());
+        return kBadInput;
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "velk-play: internal error: {}\n", error.what());
+        return EXIT_FAILURE;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    const int code = guardedMain(argc, argv, options);
+    if (options.fullExit)
+        return code;
+    // A normal exit waits for the library's usage thread, which sleeps up to ten seconds. Nothing here needs
+    // it.
+    std::fflush(nullptr);
+    std::_Exit(code);
+}

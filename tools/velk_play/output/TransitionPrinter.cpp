@@ -1,0 +1,61 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "output/TransitionPrinter.h"
+
+#include <fmt/format.h>
+
+namespace velk_play
+{
+
+namespace
+{
+
+/// The states that a transition into is worth counting.
+bool isCounted(const std::string& state)
+{
+    return state == "Select" || state == "pinching" || state == "gripping" || state == "recognised";
+}
+
+/// What a count stands for: the target, or for what has none the state itself.
+std::string countedOn(const Transition& change)
+{
+    if (!change.target.empty())
+        return change.target;
+    return change.to == "Select" ? "nothing" : change.to;
+}
+
+} // namespace
+
+void TransitionPrinter::begin(const Scene& scene, const Recording& recording)
+{
+    duration_ = recording.duration();
+    const std::string title = scene.title.empty() ? scene.file : scene.title;
+    fmt::print("{}: {} frames, {:.2f} s, recording {}\n", title, recording.frames.size(), duration_,
+               recording.name);
+}
+
+void TransitionPrinter::frame(const Observation&, const std::vector<Transition>& changes)
+{
+    for (const Transition& change : changes) {
+        if (!quiet_)
+            fmt::print("{:8.3f} s  {:<9} {:<16} {:>10} -> {:<10} {}\n", change.time, change.kind, change.name,
+                       change.from, change.to, change.target.empty() ? "-" : change.target);
+        if (isCounted(change.to) && change.from != change.to)
+            ++counts_[change.kind + " " + change.name][countedOn(change)];
+    }
+}
+
+void TransitionPrinter::end(const Summary& summary)
+{
+    for (const auto& [who, targets] : counts_) {
+        std::string list;
+        for (const auto& [target, count] : targets)
+            list += fmt::format("{}{} x{}", list.empty() ? "" : ", ", target, count);
+        fmt::print("  {}: {}\n", who, list);
+    }
+    fmt::print("{} frames, {} transitions, {:.1f} us a frame inside the library (worst {:.1f} us)\n",
+               summary.frames, summary.transitions, summary.meanMicroseconds, summary.worstMicroseconds);
+}
+
+} // namespace velk_play

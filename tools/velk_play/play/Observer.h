@@ -1,0 +1,49 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "recording/Recording.h"
+#include "scene/Scene.h"
+#include "world/Observation.h"
+
+namespace velk_play
+{
+
+/// One thing that changed between two frames.
+struct Transition
+{
+    std::size_t frame = 0;
+    double time = 0;
+    std::string kind; ///< "ray", "fingertip", "pinch", "palm" or "direction".
+    std::string name; ///< Whose state it is: a name of the scene, or a hand and finger.
+    std::string from;
+    std::string to;
+    std::string target; ///< The panel, box or patch it is about; empty for none.
+};
+
+/// What a whole run came to.
+struct Summary
+{
+    std::size_t frames = 0;
+    std::size_t transitions = 0;
+    double meanMicroseconds = 0; ///< Inside the library, a frame.
+    double worstMicroseconds = 0;
+};
+
+/// Watches a run. All outputs are observers, and a new kind of output is a new one.
+class Observer
+{
+public:
+    virtual ~Observer() = default;
+
+    virtual void begin(const Scene& scene, const Recording& recording) = 0;
+    /// Called once a frame, with what changed in it.
+    virtual void frame(const Observation& seen, const std::vector<Transition>& changes) = 0;
+    virtual void end(const Summary& summary) = 0;
+};
+
+} // namespace velk_play

@@ -1,0 +1,68 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "play/Player.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "play/Changes.h"
+#include "play/Progress.h"
+#include "world/World.h"
+
+namespace velk_play
+{
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+void waitFor(const Frame& frame, double firstTime, Clock::time_point start)
+{
+    const std::chrono::duration<double> due(frame.time - firstTime);
+    std::this_thread::sleep_until(start + std::chrono::duration_cast<Clock::duration>(due));
+}
+
+void add(Summary& summary, const Observation& seen, const std::vector<Transition>& changes)
+{
+    ++summary.frames;
+    summary.transitions += changes.size();
+    summary.meanMicroseconds +=
+        (seen.microseconds - summary.meanMicroseconds) / static_cast<double>(summary.frames);
+    summary.worstMicroseconds = std::max(summary.worstMicroseconds, seen.microseconds);
+}
+
+} // namespace
+
+Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
+             Pace pace)
+{
+    World world(scene, recording);
+    Summary summary;
+    for (Observer* observer : observers)
+        observer->begin(scene, recording);
+
+    Progress progress(recording.frames.size());
+    const Clock::time_point start = Clock::now();
+    Observation before;
+    for (std::size_t i = 0; i < recording.frames.size(); ++i) {
+        if (pace == Pace::RealTime)
+            waitFor(recording.frames[i], recording.frames.front().time, start);
+        Observation seen = world.update(i, recording.frames[i]);
+        const std::vector<Transition> changes = findChanges(scene, before, seen);
+        add(summary, seen, changes);
+        for (Observer* observer : observers)
+            observer->frame(seen, changes);
+        before = std::move(seen);
+        progress.advanceTo(i + 1);
+    }
+
+    progress.clear();
+    for (Observer* observer : observers)
+        observer->end(summary);
+    return summary;
+}
+
+} // namespace velk_play

@@ -1,0 +1,24 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <vector>
+
+#include "play/Observer.h"
+
+namespace velk_play
+{
+
+enum class Pace
+{
+    AsFastAsPossible,
+    RealTime ///< Waits for each frame's own time, so that the library's timed curves run as they would for a
+             ///< user.
+};
+
+/// Plays a recording through a scene, frame by frame, and tells the observers.
+Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
+             Pace pace);
+
+} // namespace velk_play

@@ -1,0 +1,25 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "recording/Recording.h"
+
+namespace velk_play
+{
+
+/// Reads a recording of hands (24 joints) or of head and controllers; the column names tell which it is.
+/// Throws InputError with file and line. name is what messages call the file.
+Recording parseRecording(const std::string& name, std::string_view text);
+
+/// Adds the presses and releases of an events table to the frames at, or first after, their times.
+void addTriggers(Recording& recording, const std::string& name, std::string_view text);
+
+/// Reads the recording at path, and for one of controllers also its triggers: from triggersPath, or when that
+/// is empty from <stem>_events.csv beside it, if there is such a file.
+Recording loadRecording(const std::string& path, const std::string& triggersPath);
+
+} // namespace velk_play

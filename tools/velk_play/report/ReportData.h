@@ -1,0 +1,64 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "play/Observer.h"
+#include "report/Svg.h"
+
+namespace velk_play
+{
+
+/// A whole run, as the report's sections read it.
+struct ReportData
+{
+    Scene scene;
+    std::string recording;
+    std::vector<Observation> frames;
+    std::vector<Transition> changes;
+    Summary summary;
+
+    Range time() const { return {frames.front().time, frames.back().time}; }
+    /// Until when what is seen in a frame holds.
+    double endOf(std::size_t frame) const { return frames[std::min(frame + 1, frames.size() - 1)].time; }
+};
+
+/// A stretch of time over which a value stays the same.
+template <typename T>
+struct Run
+{
+    Range time;
+    T value;
+};
+
+/// The stretches of what read(observation) gives.
+template <typename Read>
+auto runsOf(const ReportData& data, Read read)
+{
+    using T = decltype(read(data.frames.front()));
+    std::vector<Run<T>> runs;
+    for (std::size_t i = 0; i < data.frames.size(); ++i) {
+        T value = read(data.frames[i]);
+        if (runs.empty() || runs.back().value != value)
+            runs.push_back({{data.frames[i].time, 0}, std::move(value)});
+        runs.back().time.high = data.endOf(i);
+    }
+    return runs;
+}
+
+/// A curve over time of what read(observation) gives.
+template <typename Read>
+std::vector<Point> curveOf(const ReportData& data, Read read)
+{
+    std::vector<Point> points;
+    points.reserve(data.frames.size());
+    for (const Observation& seen : data.frames)
+        points.push_back({seen.time, read(seen)});
+    return points;
+}
+
+} // namespace velk_play

@@ -1,0 +1,31 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <fstream>
+#include <string>
+
+#include "play/Observer.h"
+#include "report/ReportData.h"
+
+namespace velk_play
+{
+
+/// Keeps the whole run and writes it as one HTML page that needs nothing else.
+class ReportWriter : public Observer
+{
+public:
+    explicit ReportWriter(const std::string& path);
+
+    void begin(const Scene& scene, const Recording& recording) override;
+    void frame(const Observation& seen, const std::vector<Transition>& changes) override;
+    void end(const Summary& summary) override;
+
+private:
+    std::string path_;
+    std::ofstream file_;
+    ReportData data_;
+};
+
+} // namespace velk_play

@@ -1,0 +1,151 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include <fmt/format.h>
+
+#include "play/Changes.h"
+#include "report/Html.h"
+#include "report/Plot.h"
+#include "report/Sections.h"
+
+namespace velk_play
+{
+
+namespace
+{
+
+constexpr double kWidth = 1080;
+constexpr double kLabels = 170;
+constexpr double kRight = 14;
+constexpr double kTop = 30;
+constexpr double kRow = 24;
+constexpr double kBar = 16;
+constexpr double kBottom = 38;
+
+struct Band
+{
+    Range time;
+    std::string style;
+    std::string title;
+};
+
+struct Lane
+{
+    std::string name;
+    std::vector<Band> bands;
+};
+
+using StateAndTarget = std::pair<VelkInteractorState, int>;
+
+template <typename NameOf>
+Lane interactorLane(std::string name, const std::vector<Run<StateAndTarget>>& runs, NameOf nameOf)
+{
+    Lane lane{std::move(name), {}};
+    for (const auto& run : runs) {
+        const std::string state = stateName(run.value.first);
+        const std::string target = nameOf(run.value.second);
+        const std::string what = target.empty() ? state : state + " on " + target;
+        lane.bands.push_back({run.time, state, bandTitle(what, run.time)});
+    }
+    return lane;
+}
+
+Lane holdLane(std::string name, const std::vector<Run<bool>>& runs, const char* held)
+{
+    Lane lane{std::move(name), {}};
+    for (const auto& run : runs)
+        lane.bands.push_back(
+            {run.time, run.value ? "Select" : "Normal", bandTitle(run.value ? held : "off", run.time)});
+    return lane;
+}
+
+void addGripLanes(const ReportData& data, const char* kind, const char* held,
+                  const std::vector<GripTrack>& tracks, std::vector<GripView> Observation::*views,
+                  std::vector<Lane>& lanes)
+{
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+        for (const std::size_t finger : tracks[i].fingers)
+            lanes.push_back(holdLane(
+                fmt::format("{} {}", kind, fingerName(tracks[i], finger)),
+                runsOf(data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; }),
+                held));
+    }
+}
+
+std::vector<Lane> lanesOf(const ReportData& data)
+{
+    std::vector<Lane> lanes;
+    for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
+        const auto runs = runsOf(data, [i](const Observation& seen) {
+            return StateAndTarget(seen.rays[i].state, seen.rays[i].target);
+        });
+        lanes.push_back(interactorLane("ray " + data.scene.rays[i].name, runs,
+                                       [&](int target) { return data.scene.rayTarget(target); }));
+    }
+    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
+        const auto runs = runsOf(data, [i](const Observation& seen) {
+            return StateAndTarget(seen.fingertips[i].state, seen.fingertips[i].target);
+        });
+        lanes.push_back(interactorLane("fingertip " + data.scene.fingertips[i].name, runs,
+                                       [&](int target) { return data.scene.patchName(target); }));
+    }
+    addGripLanes(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, lanes);
+    addGripLanes(data, "palm", "gripping", data.scene.palms, &Observation::palms, lanes);
+    for (std::size_t i = 0; i < data.scene.directions.size(); ++i)
+        lanes.push_back(holdLane(
+            "direction " + data.scene.directions[i].name,
+            runsOf(data, [i](const Observation& seen) { return seen.directions[i].active; }), "recognised"));
+    return lanes;
+}
+
+void drawLegend(Svg& svg)
+{
+    double x = kLabels;
+    for (const auto& [style, name] : {std::pair("Normal", "Normal, or off"), std::pair("Hover", "Hover"),
+                                      std::pair("Select", "Select, or holding")}) {
+        svg.rect(x, 8, 16, 11, style);
+        svg.text({x + 22, 18}, Anchor::Start, "note", name);
+        x += 140;
+    }
+}
+
+std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
+{
+    const double height = kTop + kRow * static_cast<double>(lanes.size()) + kBottom;
+    const Range time = data.time();
+    const double scale = (kWidth - kLabels - kRight) / time.size();
+    const auto pixel = [&](double t) { return kLabels + (t - time.low) * scale; };
+
+    Svg svg(kWidth, height, "States over time");
+    drawLegend(svg);
+    const auto ticks = ticksFor(time, 12);
+    for (const double tick : ticks) {
+        svg.line({pixel(tick), kTop}, {pixel(tick), height - kBottom + 4}, "grid");
+        svg.text({pixel(tick), height - kBottom + 18}, Anchor::Middle, "tick",
+                 tickText(tick, ticks.size() > 1 ? ticks[1] - ticks[0] : 1));
+    }
+    for (std::size_t i = 0; i < lanes.size(); ++i) {
+        const double y = kTop + kRow * static_cast<double>(i) + (kRow - kBar) / 2;
+        svg.text({kLabels - 8, y + 12}, Anchor::End, "name", lanes[i].name);
+        for (const Band& band : lanes[i].bands)
+            svg.rect(pixel(band.time.low), y, std::max(band.time.size() * scale, 0.8), kBar, band.style,
+                     band.title);
+    }
+    svg.text({kWidth - kRight, height - 4}, Anchor::End, "label", "time (s)");
+    return svg.take();
+}
+
+} // namespace
+
+std::string timelineSection(const ReportData& data)
+{
+    const std::vector<Lane> lanes = lanesOf(data);
+    if (lanes.empty() || !(data.time().size() > 0))
+        return {};
+    return section(
+        "Timeline",
+        "What each of them does, and when. Rest the pointer on a band for its times and its target.",
+        figure(drawLanes(data, lanes)));
+}
+
+} // namespace velk_play

@@ -1,0 +1,146 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "scene/JsonObject.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "InputError.h"
+
+namespace velk_play
+{
+
+JsonObject::JsonObject(std::string file, std::string path, const nlohmann::json& value)
+    : file_(std::move(file))
+    , path_(std::move(path))
+    , value_(&value)
+{
+    if (!value.is_object())
+        throw InputError(
+            fmt::format("{}: {}: expected an object", file_, path_.empty() ? "the file" : path_));
+}
+
+std::vector<std::string> JsonObject::keys() const
+{
+    std::vector<std::string> keys;
+    for (const auto& entry : value_->items())
+        keys.push_back(entry.key());
+    return keys;
+}
+
+float JsonObject::number(const std::string& key)
+{
+    const nlohmann::json& value = at(key);
+    if (!value.is_number() || !std::isfinite(value.get<float>()))
+        fail(key, "expected a number");
+    return value.get<float>();
+}
+
+float JsonObject::positive(const std::string& key)
+{
+    const float value = number(key);
+    if (!(value > 0))
+        fail(key, "expected a number above 0");
+    return value;
+}
+
+bool JsonObject::flag(const std::string& key)
+{
+    const nlohmann::json& value = at(key);
+    if (!value.is_boolean())
+        fail(key, "expected true or false");
+    return value.get<bool>();
+}
+
+std::string JsonObject::text(const std::string& key)
+{
+    const nlohmann::json& value = at(key);
+    if (!value.is_string() || value.get_ref<const std::string&>().empty())
+        fail(key, "expected a text that is not empty");
+    return value.get<std::string>();
+}
+
+Vec3 JsonObject::vector(const std::string& key)
+{
+    const std::array<float, 3> n = numbers<3>(key);
+    return {n[0], n[1], n[2]};
+}
+
+Vec3 JsonObject::direction(const std::string& key)
+{
+    const Vec3 value = vector(key);
+    if (const float size = length(value); !(size > 0) || !std::isfinite(size))
+        fail(key, "expected a direction that has a length");
+    return normalized(value);
+}
+
+JsonObject JsonObject::object(const std::string& key)
+{
+    return {file_, pathTo(key), at(key)};
+}
+
+std::vector<JsonObject> JsonObject::objects(const std::string& key)
+{
+    std::vector<JsonObject> result;
+    if (!has(key))
+        return result;
+    const nlohmann::json& values = list(key);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        result.emplace_back(file_, fmt::format("{}[{}]", pathTo(key), i), values[i]);
+    return result;
+}
+
+void JsonObject::done() const
+{
+    for (const std::string& key : keys()) {
+        if (!used_.contains(key))
+            fail(key, "unknown key");
+    }
+}
+
+void JsonObject::fail(const std::string& key, const std::string& message) const
+{
+    // Keys and names may hold anything; a complaint is one line.
+    std::string text = fmt::format("{}: {}", pathTo(key), message);
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, '?');
+    throw InputError(fmt::format("{}: {}", file_, text));
+}
+
+const nlohmann::json& JsonObject::at(const std::string& key)
+{
+    if (!has(key))
+        fail(key, "is missing");
+    used_.insert(key);
+    return (*value_)[key];
+}
+
+std::string JsonObject::pathTo(const std::string& key) const
+{
+    return path_.empty() ? key : path_ + "." + key;
+}
+
+std::size_t JsonObject::place(const std::string& path, const nlohmann::json& value,
+                              const std::string_view* names, std::size_t count) const
+{
+    std::string list;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (value.is_string() && value.get_ref<const std::string&>() == names[i])
+            return i;
+        list += fmt::format("{}'{}'", i == 0 ? "" : ", ", names[i]);
+    }
+    fail(path, "expected one of " + list);
+}
+
+const nlohmann::json& JsonObject::list(const std::string& key)
+{
+    const nlohmann::json& values = at(key);
+    if (!values.is_array())
+        fail(key, "expected a list");
+    return values;
+}
+
+} // namespace velk_play

@@ -1,0 +1,100 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "world/FingertipActor.h"
+
+#include <algorithm>
+
+#include "scene/PatchGeometry.h"
+
+namespace velk_play
+{
+
+namespace
+{
+
+/// Seconds without the hand after which it counts as lost, also when no frame stands in between.
+constexpr double kLongestStep = 0.1;
+/// Metres beyond a surface's hover.
+constexpr float kWellInFront = 0.1f;
+
+} // namespace
+
+FingertipActor::FingertipActor(const Fingertip& fingertip)
+    : fingertip_(fingertip)
+    , interactor_(velk_PokeInteractor_Create())
+    , tipHand_(velk_DataSource_Create(VelkDataSourceType_External))
+    , shownTip_(velk_DataModifier_Create(VelkDataModifierType_SyntheticHand, tipHand_.get()))
+    , limiter_(velk_HandPokeLimiterVisual_Create(tipHand_.get(), interactor_.get(), shownTip_.get()))
+{
+}
+
+void FingertipActor::update(const Frame& frame, const Scene& scene, const PokeTargets& targets)
+{
+    const auto& hand = frame.hand(fingertip_.side);
+    const bool wasTracked = tracked_;
+    tracked_ = hand.has_value();
+    if (wasTracked && (!tracked_ || frame.time - lastSeen_ > kLongestStep))
+        letGo(scene, targets);
+    if (!tracked_)
+        return;
+    lastSeen_ = frame.time;
+    tip_ = hand->joint(fingertip_.joint).position;
+    // An update presses what the way since the last one comes through. Where tracking begins, or begins anew,
+    // that way was never gone, so the finger is awaited where it leads through nothing.
+    arrived_ =
+        arrived_ || std::none_of(scene.patches.begin(), scene.patches.end(),
+                                 [this](const Patch& patch) { return comesThrough(patch, poked_, tip_); });
+    if (arrived_)
+        moveTo(tip_);
+}
+
+/// A press lasts until an update ends it: one in front of its surface, and one more to leave what was
+/// recoiled from.
+void FingertipActor::letGo(const Scene& scene, const PokeTargets& targets)
+{
+    arrived_ = false;
+    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    if (target < 0)
+        return;
+    const Patch& patch = scene.patches[static_cast<std::size_t>(target)];
+    const Vec3 over = inverseTransform(patch.pose, poked_);
+    pokeAt(transform(patch.pose, Vec3{over.x, over.y, patch.config.exitHoverNormal + kWellInFront}));
+    pokeAt(poked_);
+}
+
+void FingertipActor::moveTo(Vec3 point)
+{
+    pokeAt(point);
+    velk_HandData tipHand;
+    std::fill(std::begin(tipHand.joints), std::end(tipHand.joints), kNoRotation);
+    tipHand.rootPose = {kNoRotation, point};
+    velk_ExternalHandSource_SetData(tipHand_.get(), &tipHand);
+    velk_HandPokeLimiterVisual_Update(limiter_.get());
+    velk_DataSource_Update(shownTip_.get());
+}
+
+void FingertipActor::pokeAt(Vec3 point)
+{
+    poked_ = point;
+    const Pose pose{kNoRotation, point};
+    velk_PokeInteractor_SetPointTransform(interactor_.get(), &pose);
+    velk_Interactor_Update(interactor_.get());
+}
+
+FingertipView FingertipActor::view(const PokeTargets& targets) const
+{
+    FingertipView view;
+    view.tracked = tracked_;
+    view.tip = tip_;
+    velk_Interactor_GetState(interactor_.get(), &view.state);
+    view.target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    if (view.state == VelkInteractorState_Select) {
+        velk_HandData shown;
+        velk_DataSource_GetData(shownTip_.get(), &shown);
+        view.touch = shown.rootPose.position;
+    }
+    return view;
+}
+
+} // namespace velk_play

@@ -1,0 +1,36 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "scene/Scene.h"
+#include "world/Handle.h"
+#include "world/Observation.h"
+
+namespace velk_play
+{
+
+/// A recorded hand on its way through the library: external source, one euro filter, synthetic hand with a
+/// limiter.
+class HandActor
+{
+public:
+    /// rate is the recording's, in hertz; poker the interactor whose press holds the hand, or a negative
+    /// handle.
+    HandActor(const HandChain& chain, double rate, VelkInteractorHandle poker);
+
+    /// To be called after the interactors' updates, so that a press holds the hand in the frame in which it
+    /// begins.
+    void update(const Frame& frame);
+    HandView view() const;
+
+private:
+    HandChain chain_;
+    DataSource source_;
+    DataSource filter_;
+    DataSource synthetic_;
+    std::optional<PokeLimiter> limiter_;
+    HandView view_;
+};
+
+} // namespace velk_play

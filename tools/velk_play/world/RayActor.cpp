@@ -1,0 +1,72 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "world/RayActor.h"
+
+namespace velk_play
+{
+
+namespace
+{
+
+/// Far off and looking away: what a ray without tracking is given, so that it hits nothing.
+constexpr Pose kNowhere{kNoRotation, {0, 0, -1e9f}};
+
+} // namespace
+
+RayActor::RayActor(const Ray& ray)
+    : ray_(ray)
+    , selector_(velk_Selector_Create())
+    , interactor_(velk_RayInteractor_Create())
+{
+    expect(velk_RayInteractor_SetMaxRayLength(interactor_.get(), ray.length),
+           "velk_RayInteractor_SetMaxRayLength");
+    expect(velk_Interactor_SetSelector(interactor_.get(), selector_.get()), "velk_Interactor_SetSelector");
+}
+
+void RayActor::press(bool down)
+{
+    if (down == pressed_)
+        return;
+    pressed_ = down;
+    if (down)
+        velk_Selector_Select(selector_.get());
+    else
+        velk_Selector_Unselect(selector_.get());
+}
+
+void RayActor::update(const Frame& frame)
+{
+    const std::optional<Pose> now = pose(frame);
+    tracked_ = now.has_value();
+    if (!tracked_)
+        press(false);
+    velk_RayInteractor_SetPose(interactor_.get(), tracked_ ? &*now : &kNowhere);
+    velk_Interactor_Update(interactor_.get());
+}
+
+std::optional<Pose> RayActor::pose(const Frame& frame) const
+{
+    if (const auto* device = std::get_if<Device>(&ray_.driver))
+        return frame.device(*device);
+    const JointPair& pair = std::get<JointPair>(ray_.driver);
+    const auto& hand = frame.hand(pair.side);
+    if (!hand)
+        return std::nullopt;
+    const Vec3 from = hand->joint(pair.from).position;
+    const Vec3 to = hand->joint(pair.to).position;
+    return Pose{turnZTo(from - to), from}; // a ray points along its local -Z
+}
+
+RayView RayActor::view(const RayTargets& targets) const
+{
+    RayView view;
+    view.tracked = tracked_;
+    velk_Interactor_GetState(interactor_.get(), &view.state);
+    view.target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    velk_RayInteractor_GetOrigin(interactor_.get(), &view.origin);
+    velk_RayInteractor_GetEnd(interactor_.get(), &view.end);
+    return view;
+}
+
+} // namespace velk_play

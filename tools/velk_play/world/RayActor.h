@@ -1,0 +1,36 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "scene/Scene.h"
+#include "world/Handle.h"
+#include "world/Observation.h"
+#include "world/Targets.h"
+
+namespace velk_play
+{
+
+/// A ray interactor that follows its driver in the recording.
+class RayActor
+{
+public:
+    explicit RayActor(const Ray& ray);
+
+    const Ray& ray() const { return ray_; }
+    /// Queues a press or a release, for the next update to use or drop.
+    void press(bool down);
+    void update(const Frame& frame);
+    RayView view(const RayTargets& targets) const;
+
+private:
+    std::optional<Pose> pose(const Frame& frame) const;
+
+    Ray ray_;
+    Selector selector_;
+    Interactor interactor_;
+    bool pressed_ = false;
+    bool tracked_ = false;
+};
+
+} // namespace velk_play

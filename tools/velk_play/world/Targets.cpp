@@ -1,0 +1,68 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#include "world/Targets.h"
+
+namespace velk_play
+{
+
+namespace
+{
+
+int findHandle(const std::vector<Interactable>& interactables, VelkInteractableHandle handle)
+{
+    for (std::size_t i = 0; i < interactables.size(); ++i) {
+        if (interactables[i].get() == handle)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+} // namespace
+
+RayTargets::RayTargets(const Scene& scene)
+{
+    for (const Panel& panel : scene.panels)
+        surfaces_.emplace_back(velk_PointablePlane_Create(&panel.pose, &panel.halfSize));
+    for (const Box& box : scene.boxes)
+        surfaces_.emplace_back(velk_PointableAxisAlignedBox_Create(&box.center, &box.size));
+    for (const PointableSurface& surface : surfaces_)
+        interactables_.emplace_back(velk_RayInteractable_Create(surface.get()));
+}
+
+int RayTargets::indexOf(VelkInteractableHandle handle) const
+{
+    return findHandle(interactables_, handle);
+}
+
+PokeTargets::PokeTargets(const Scene& scene)
+{
+    for (const Patch& patch : scene.patches) {
+        patches_.emplace_back(velk_ClippedPlaneSurface_Create(&patch.pose, patch.clippers.data(),
+                                                              static_cast<int>(patch.clippers.size())));
+        interactables_.emplace_back(
+            velk_PokeInteractable_CreateWithConfig(patches_.back().get(), &patch.config));
+        std::optional<ButtonVisual>& button = buttons_.emplace_back();
+        if (patch.button)
+            button.emplace(
+                velk_PokeButtonVisual_Create(interactables_.back().get(), &patch.pose, patch.button->travel));
+    }
+}
+
+int PokeTargets::indexOf(VelkInteractableHandle handle) const
+{
+    return findHandle(interactables_, handle);
+}
+
+std::vector<PatchView> PokeTargets::view() const
+{
+    std::vector<PatchView> views(interactables_.size());
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        velk_Interactable_GetState(interactables_[i].get(), &views[i].state);
+        if (buttons_[i])
+            velk_PokeButtonVisual_GetCurrentExtent(buttons_[i]->get(), &views[i].extent);
+    }
+    return views;
+}
+
+} // namespace velk_play

@@ -1,0 +1,45 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <vector>
+
+#include "scene/Scene.h"
+#include "world/FingertipActor.h"
+#include "world/HandActor.h"
+#include "world/Observation.h"
+#include "world/RayActor.h"
+#include "world/Targets.h"
+#include "world/Tracks.h"
+
+namespace velk_play
+{
+
+/// All that a scene makes of the library's objects. scene must outlive it.
+class World
+{
+public:
+    World(const Scene& scene, const Recording& recording);
+
+    /// One frame of the host: feeds what was recorded, updates everything, and reads the answers.
+    Observation update(std::size_t number, const Frame& frame);
+
+private:
+    void pressTriggers(const Frame& frame);
+    void pressPinches();
+    void updateAll(const Frame& frame);
+    void read(Observation& seen) const;
+
+    const Scene& scene_;
+    RayTargets rayTargets_;
+    PokeTargets pokeTargets_;
+    std::vector<RayActor> rays_;
+    std::vector<FingertipActor> fingertips_;
+    std::vector<HandActor> hands_;
+    std::vector<PinchActor> pinches_;
+    std::vector<PalmActor> palms_;
+    std::vector<DirectionActor> directions_;
+};
+
+} // namespace velk_play
