@@ -95,10 +95,11 @@ void FrameWriter::writeHeader()
                   {"state", "target", "tip_x", "tip_y", "tip_z", "touch_x", "touch_y", "touch_z"});
     for (const Patch& patch : scene_.patches)
         row.names("patch " + patch.name, {"state", "extent"});
-    for (const HandChain& hand : scene_.hands)
+    for (const HandChain& hand : scene_.hands) {
         row.names(fmt::format("hand {}", kSideNames[static_cast<std::size_t>(hand.side)]),
                   {"raw_x", "raw_y", "raw_z", "filtered_x", "filtered_y", "filtered_z", "shown_x", "shown_y",
                    "shown_z"});
+    }
     addGripNames(row, "pinch", scene_.pinches);
     addGripNames(row, "palm", scene_.palms);
     for (const DirectionTrack& track : scene_.directions)

@@ -50,14 +50,16 @@ std::string heightPlot(const ReportData& data, std::size_t i)
                "time (s)", "mm", data.time(), y});
     for (const auto& run : runsOf(data, [i](const Observation& seen) {
              return std::pair(seen.fingertips[i].state, seen.fingertips[i].target);
-         }))
+         })) {
         plot.band(run.time, "soft " + stateName(run.value.first),
                   stateName(run.value.first) + " " + data.scene.patchName(run.value.second));
+    }
     plot.level(0, "surface");
     for (const auto& run :
-         runsOf(data, [&](const Observation& seen) { return &patchFor(data, seen.fingertips[i]); }))
+         runsOf(data, [&](const Observation& seen) { return &patchFor(data, seen.fingertips[i]); })) {
         plot.line(cut(height, {run.time.low, std::nexttoward(run.time.high, 0)}),
                   "line " + colourOf(fingertip));
+    }
     plot.legend("soft Hover", "hover");
     plot.legend("soft Select", "press");
     for (const Transition& change : data.changes) {
@@ -103,10 +105,11 @@ std::string travelPlot(const ReportData& data, const std::set<std::size_t>& patc
                {-0.06 * most, 1.1 * most}});
     std::size_t colour = 0;
     for (const std::size_t p : patches) {
-        if (data.scene.patches[p].button)
+        if (data.scene.patches[p].button) {
             plot.line(
                 curveOf(data, [p](const Observation& seen) { return seen.patches[p].extent * kMillimetres; }),
                 fmt::format("line c{}", colour++ % 5), data.scene.patches[p].name);
+        }
     }
     return figure(plot.take());
 }

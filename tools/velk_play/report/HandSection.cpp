@@ -46,10 +46,11 @@ std::vector<Signal> signalsOf(const HandChain& chain, const velk_HandData& first
 {
     std::vector<Signal> signals;
     for (const auto& [name, axis] :
-         {std::pair("x", &Vec3::x), std::pair("y", &Vec3::y), std::pair("z", &Vec3::z)})
+         {std::pair("x", &Vec3::x), std::pair("y", &Vec3::y), std::pair("z", &Vec3::z)}) {
         signals.push_back({fmt::format("root {}", name), "mm", [axis = axis](const velk_HandData& hand) {
                                return static_cast<double>(hand.rootPose.position.*axis) * kMillimetres;
                            }});
+    }
     signals.push_back(turnOf("root, turned", first.rootPose.orientation,
                              [](const velk_HandData& hand) { return hand.rootPose.orientation; }));
     for (const std::size_t joint : chain.joints)
@@ -118,11 +119,12 @@ std::string filterPart(const ReportData& data, std::size_t i)
             continue; // a hand that never moves in this way
         const Point gap = largestGap(raw, filtered);
         plots += pairPlot(signal.name, signal.unit, data.time(), width, raw, filtered);
-        if (isLong)
+        if (isLong) {
             plots += pairPlot(signal.name + ", close up where the two differ most", signal.unit,
                               {std::max(gap.x - kCloseUp / 2, data.time().low),
                                std::min(gap.x + kCloseUp / 2, data.time().high)},
                               width, raw, filtered);
+        }
         rows.push_back({fmt::format("{} ({})", signal.name, signal.unit), fmt::format("{:.3f}", step),
                         fmt::format("{:.3f}", meanStep(filtered)),
                         fmt::format("{:.0f} %", 100 * meanStep(filtered) / step),
@@ -191,10 +193,11 @@ std::string limiterPart(const ReportData& data, std::size_t i)
 std::string handSection(const ReportData& data)
 {
     std::string body;
-    for (std::size_t i = 0; i < data.scene.hands.size(); ++i)
+    for (std::size_t i = 0; i < data.scene.hands.size(); ++i) {
         body += fmt::format("<h3>{} hand</h3>\n",
                             kSideNames[static_cast<std::size_t>(data.scene.hands[i].side)]) +
                 limiterPart(data, i) + filterPart(data, i);
+    }
     if (body.empty())
         return {};
     return section("Hand",

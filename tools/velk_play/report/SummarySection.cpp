@@ -55,14 +55,16 @@ std::array<double, 3> secondsIn(const ReportData& data, Read stateOf)
 std::string interactorTable(const ReportData& data)
 {
     std::vector<std::vector<std::string>> rows;
-    for (std::size_t i = 0; i < data.scene.rays.size(); ++i)
+    for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
         rows.push_back(stateRow(data, "ray", data.scene.rays[i].name,
                                 secondsIn(data, [i](const Observation& seen) { return seen.rays[i].state; }),
                                 "Select"));
-    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i)
+    }
+    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
         rows.push_back(stateRow(
             data, "fingertip", data.scene.fingertips[i].name,
             secondsIn(data, [i](const Observation& seen) { return seen.fingertips[i].state; }), "Select"));
+    }
     if (rows.empty())
         return {};
     return table({"Interactor", "Normal", "Hover", "Select", "selections", "first at"}, rows);

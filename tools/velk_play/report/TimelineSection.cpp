@@ -64,11 +64,12 @@ void addGripLanes(const ReportData& data, const char* kind, const char* held,
                   std::vector<Lane>& lanes)
 {
     for (std::size_t i = 0; i < tracks.size(); ++i) {
-        for (const std::size_t finger : tracks[i].fingers)
+        for (const std::size_t finger : tracks[i].fingers) {
             lanes.push_back(holdLane(
                 fmt::format("{} {}", kind, fingerName(tracks[i], finger)),
                 runsOf(data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; }),
                 held));
+        }
     }
 }
 
@@ -91,10 +92,11 @@ std::vector<Lane> lanesOf(const ReportData& data)
     }
     addGripLanes(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, lanes);
     addGripLanes(data, "palm", "gripping", data.scene.palms, &Observation::palms, lanes);
-    for (std::size_t i = 0; i < data.scene.directions.size(); ++i)
+    for (std::size_t i = 0; i < data.scene.directions.size(); ++i) {
         lanes.push_back(holdLane(
             "direction " + data.scene.directions[i].name,
             runsOf(data, [i](const Observation& seen) { return seen.directions[i].active; }), "recognised"));
+    }
     return lanes;
 }
 

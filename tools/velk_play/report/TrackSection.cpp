@@ -33,11 +33,12 @@ void markChanges(Plot& plot, const ReportData& data, const char* kind, const std
                  const std::vector<Point>& curve)
 {
     for (const Transition& change : data.changes) {
-        if (change.kind == kind && change.name == name)
+        if (change.kind == kind && change.name == name) {
             plot.mark(curve[change.frame],
                       change.from == "open" || change.from == "off" ? Mark::Down : Mark::Up,
                       change.from == "open" || change.from == "off" ? "press" : "release",
                       fmt::format("{} at {:.3f} s", change.to, change.time));
+        }
     }
 }
 
@@ -92,9 +93,10 @@ std::string directionPlots(const ReportData& data)
                    {0, top}});
         for (const auto& run : runsOf(data, [i](const Observation& seen) {
                  return std::pair(seen.directions[i].active, seen.directions[i].alignment);
-             }))
+             })) {
             plot.band(run.time, run.value.first ? "soft Select" : "soft Normal",
                       kAlignmentNames[static_cast<std::size_t>(run.value.second)]);
+        }
         plot.level(track.middleAngle, "middle from here");
         plot.level(track.farAngle, "far from here");
         plot.line(angle, "line c1");
@@ -113,24 +115,27 @@ std::string trackSection(const ReportData& data)
     std::string html;
     if (const std::string pinches =
             gripPlots(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, kPinchLevels);
-        !pinches.empty())
+        !pinches.empty()) {
         html += section("Pinches",
                         "A finger's score is 1 at the distance at which its pinch starts: 16 mm from the "
                         "thumb in good view, 20 mm in poor view, 30 mm for the thumb itself. A pinch ends "
                         "16, 40 and 40 mm above its least distance, so well below 1.",
                         pinches);
+    }
     if (const std::string grips =
             gripPlots(data, "palm", "gripping", data.scene.palms, &Observation::palms, kPalmLevels);
-        !grips.empty())
+        !grips.empty()) {
         html += section(
             "Palm grips",
             "The score tells how far a finger is curled. The grip starts above 0.9 and ends below 0.6.",
             grips);
-    if (const std::string directions = directionPlots(data); !directions.empty())
+    }
+    if (const std::string directions = directionPlots(data); !directions.empty()) {
         html +=
             section("Directions",
                     "How far a direction of the hand is off the reference, and when it is the wanted one.",
                     directions);
+    }
     return html;
 }
 
