@@ -91,7 +91,11 @@ int guardedMain(int argc, char** argv, Options& options)
         run(options);
         return EXIT_SUCCESS;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? EXIT_SUCCESS : kBadInput;
+        if (error.get_exit_code() == 0) {
+            return app.exit(error); // help or version
+        }
+        fmt::print(stderr, "velk-play: {}; --help tells more\n", error.what());
+        return kBadInput;
     } catch (const velk_play::InputError& error) {
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
