@@ -14,6 +14,7 @@
 #include "InputError.h"
 #include "output/EventWriter.h"
 #include "output/FrameWriter.h"
+#include "output/TraceWriter.h"
 #include "output/TransitionPrinter.h"
 #include "play/Player.h"
 #include "recording/RecordingReader.h"
@@ -33,6 +34,8 @@ struct Options
     std::string events;
     std::string frames;
     std::string report;
+    std::string trace;
+    std::size_t traceStep = 1;
     bool quiet = false;
     bool realTime = false;
     bool fullExit = false;
@@ -48,8 +51,15 @@ void addOptions(CLI::App& app, Options& options)
     app.add_option("--events", options.events, "Write each transition to this file (JSON Lines)");
     app.add_option("--frames", options.frames, "Write each frame to this file (CSV)");
     app.add_option("--report", options.report, "Write a page with all that happened to this file (HTML)");
+    CLI::Option* const trace = app.add_option(
+        "--trace", options.trace, "Write all that can be observed, to the last bit, to this file (text)");
+    app.add_option("--trace-step", options.traceStep,
+                   "Trace every N-th frame and those in which something changes")
+        ->check(CLI::PositiveNumber)
+        ->needs(trace);
     app.add_flag("--quiet", options.quiet, "Print the summary only");
-    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible");
+    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible")
+        ->excludes(trace);
     app.add_flag("--full-exit", options.fullExit,
                  "Leave through the library's own shutdown, which can wait 10 s for its thread");
     app.set_version_flag("--version", [] {
@@ -59,10 +69,19 @@ void addOptions(CLI::App& app, Options& options)
     });
 }
 
+velk_play::Pace paceOf(const Options& options)
+{
+    using velk_play::Pace;
+    if (!options.trace.empty())
+        return Pace::Settled;
+    return options.realTime ? Pace::RealTime : Pace::AsFastAsPossible;
+}
+
 void run(const Options& options)
 {
     using namespace velk_play;
-    const Scene scene = loadScene(options.scene);
+    const bool traces = !options.trace.empty();
+    const Scene scene = traces ? withoutEasing(loadScene(options.scene)) : loadScene(options.scene);
     const Recording recording = loadRecording(options.recording, options.triggers);
     checkScene(scene, recording);
 
@@ -75,10 +94,13 @@ void run(const Options& options)
     if (!options.report.empty())
         outputs.push_back(std::make_unique<ReportWriter>(options.report));
 
+    if (traces)
+        outputs.push_back(std::make_unique<TraceWriter>(options.trace, options.traceStep));
+
     std::vector<Observer*> observers;
     for (const auto& output : outputs)
         observers.push_back(output.get());
-    play(scene, recording, observers, options.realTime ? Pace::RealTime : Pace::AsFastAsPossible);
+    play(scene, recording, observers, paceOf(options));
 }
 
 int guardedMain(int argc, char** argv, Options& options)

@@ -36,10 +36,19 @@ void add(Summary& summary, const Observation& seen, const std::vector<Transition
 
 } // namespace
 
+Scene withoutEasing(Scene scene)
+{
+    for (Patch& patch : scene.patches)
+        patch.config.dragThresholdsEnabled = 0;
+    return scene;
+}
+
 Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
              Pace pace)
 {
     World world(scene, recording);
+    if (pace == Pace::Settled)
+        world.settleCurves();
     Summary summary;
     for (Observer* observer : observers)
         observer->begin(scene, recording);

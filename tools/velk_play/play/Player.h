@@ -13,9 +13,14 @@ namespace velk_play
 enum class Pace
 {
     AsFastAsPossible,
-    RealTime ///< Waits for each frame's own time, so that the library's timed curves run as they would for a
-             ///< user.
+    RealTime, ///< Waits for each frame's own time, so that the library's timed curves run as they would for a
+              ///< user.
+    Settled ///< Waits for timed curves to end, so that no answer depends on the clock. Needs withoutEasing().
 };
+
+/// The scene with touch points that follow the finger at once. The easing of a drag is the one curve that is
+/// read in the very call that starts it.
+Scene withoutEasing(Scene scene);
 
 /// Plays a recording through a scene, frame by frame, and tells the observers.
 Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,

@@ -15,6 +15,8 @@ namespace
 
 /// Seconds without the hand after which it counts as lost, also when no frame stands in between.
 constexpr double kLongestStep = 0.1;
+/// More metres over a surface than those at which the library ends a recoil.
+constexpr float kSurfaceRelease = 0.003f;
 /// Metres beyond a surface's hover.
 constexpr float kWellInFront = 0.1f;
 
@@ -30,6 +32,25 @@ FingertipActor::FingertipActor(const Fingertip& fingertip)
 }
 
 void FingertipActor::update(const Frame& frame, const Scene& scene, const PokeTargets& targets)
+{
+    follow(frame, scene, targets);
+    VelkInteractorState state = VelkInteractorState_Normal;
+    velk_Interactor_GetState(interactor_.get(), &state);
+    releasing_ = held_ && state != VelkInteractorState_Select;
+    held_ = state == VelkInteractorState_Select || (held_ && !isInFront(scene, targets));
+}
+
+/// Of what it hovers, if anything: then no press or recoil goes on.
+bool FingertipActor::isInFront(const Scene& scene, const PokeTargets& targets) const
+{
+    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    if (target < 0)
+        return true;
+    const Pose& surface = scene.patches[static_cast<std::size_t>(target)].pose;
+    return inverseTransform(surface, poked_).z > kTipRadius + kSurfaceRelease;
+}
+
+void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTargets& targets)
 {
     const auto& hand = frame.hand(fingertip_.side);
     const bool wasTracked = tracked_;
@@ -88,7 +109,8 @@ FingertipView FingertipActor::view(const PokeTargets& targets) const
     view.tracked = tracked_;
     view.tip = tip_;
     velk_Interactor_GetState(interactor_.get(), &view.state);
-    view.target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    view.handle = velk_Interactor_GetInteractable(interactor_.get());
+    view.target = targets.indexOf(view.handle);
     if (view.state == VelkInteractorState_Select) {
         velk_HandData shown;
         velk_DataSource_GetData(shownTip_.get(), &shown);

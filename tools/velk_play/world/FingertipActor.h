@@ -19,9 +19,14 @@ public:
 
     VelkInteractorHandle interactor() const { return interactor_.get(); }
     void update(const Frame& frame, const Scene& scene, const PokeTargets& targets);
+    /// Whether the last update may have let go of a hand that this finger's press held, or an earlier one
+    /// since the press.
+    bool isReleasing() const { return releasing_; }
     FingertipView view(const PokeTargets& targets) const;
 
 private:
+    void follow(const Frame& frame, const Scene& scene, const PokeTargets& targets);
+    bool isInFront(const Scene& scene, const PokeTargets& targets) const;
     void letGo(const Scene& scene, const PokeTargets& targets);
     void moveTo(Vec3 point);
     void pokeAt(Vec3 point);
@@ -35,6 +40,8 @@ private:
     PokeLimiter limiter_;
     double lastSeen_ = 0;
     bool tracked_ = false;
+    bool held_ = false; ///< Pressed, and not in front since.
+    bool releasing_ = false;
     bool arrived_ = false; ///< Whether the interactor has followed the finger since tracking began.
     Vec3 tip_{};
     Vec3 poked_{}; ///< Where the interactor is. A new one is at the origin of the space.

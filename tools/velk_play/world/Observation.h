@@ -17,7 +17,8 @@ struct RayView
 {
     bool tracked = false;
     VelkInteractorState state = VelkInteractorState_Normal;
-    int target = -1; ///< As Scene::rayTarget() counts.
+    int target = -1;                                                ///< As Scene::rayTarget() counts.
+    VelkInteractableHandle handle = VelkInteractableHandle_Invalid; ///< The target's.
     Vec3 origin{};
     Vec3 end{};
 };
@@ -26,7 +27,8 @@ struct FingertipView
 {
     bool tracked = false;
     VelkInteractorState state = VelkInteractorState_Normal;
-    int target = -1; ///< As Scene::patchName() counts.
+    int target = -1;                                                ///< As Scene::patchName() counts.
+    VelkInteractableHandle handle = VelkInteractableHandle_Invalid; ///< The target's.
     Vec3 tip{};
     std::optional<Vec3> touch; ///< Where the finger touches the surface, while it selects.
 };
@@ -34,7 +36,8 @@ struct FingertipView
 struct PatchView
 {
     VelkInteractableState state = VelkInteractableState_Normal;
-    float extent = 0; ///< The button's height over the surface; 0 without a button.
+    float extent = 0;        ///< The button's height over the surface; 0 without a button.
+    std::optional<Pose> cap; ///< The button's.
 };
 
 struct HandView
@@ -50,6 +53,7 @@ struct GripView
     bool tracked = false;
     std::array<float, 5> scores{};
     std::array<bool, 5> holds{};
+    Vec3 center{}; ///< The point to hold at.
 };
 
 struct DirectionView
@@ -65,6 +69,7 @@ struct Observation
     std::size_t frame = 0;
     double time = 0;
     double microseconds = 0; ///< Spent inside the library, reading its answers included.
+    std::vector<VelkInteractableState> rayTargets; ///< As Scene::rayTarget() counts.
     std::vector<RayView> rays;
     std::vector<FingertipView> fingertips;
     std::vector<PatchView> patches;

@@ -63,7 +63,8 @@ RayView RayActor::view(const RayTargets& targets) const
     RayView view;
     view.tracked = tracked_;
     velk_Interactor_GetState(interactor_.get(), &view.state);
-    view.target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    view.handle = velk_Interactor_GetInteractable(interactor_.get());
+    view.target = targets.indexOf(view.handle);
     velk_RayInteractor_GetOrigin(interactor_.get(), &view.origin);
     velk_RayInteractor_GetEnd(interactor_.get(), &view.end);
     return view;

@@ -35,6 +35,14 @@ int RayTargets::indexOf(VelkInteractableHandle handle) const
     return findHandle(interactables_, handle);
 }
 
+std::vector<VelkInteractableState> RayTargets::view() const
+{
+    std::vector<VelkInteractableState> states(interactables_.size());
+    for (std::size_t i = 0; i < states.size(); ++i)
+        velk_Interactable_GetState(interactables_[i].get(), &states[i]);
+    return states;
+}
+
 PokeTargets::PokeTargets(const Scene& scene)
 {
     for (const Patch& patch : scene.patches) {
@@ -59,8 +67,10 @@ std::vector<PatchView> PokeTargets::view() const
     std::vector<PatchView> views(interactables_.size());
     for (std::size_t i = 0; i < views.size(); ++i) {
         velk_Interactable_GetState(interactables_[i].get(), &views[i].state);
-        if (buttons_[i])
+        if (buttons_[i]) {
             velk_PokeButtonVisual_GetCurrentExtent(buttons_[i]->get(), &views[i].extent);
+            velk_PokeButtonVisual_GetCurrentPose(buttons_[i]->get(), &views[i].cap.emplace());
+        }
     }
     return views;
 }

@@ -20,6 +20,7 @@ public:
     explicit RayTargets(const Scene& scene);
     /// The target behind a handle; -1 for a negative handle.
     int indexOf(VelkInteractableHandle handle) const;
+    std::vector<VelkInteractableState> view() const;
 
 private:
     std::vector<PointableSurface> surfaces_;

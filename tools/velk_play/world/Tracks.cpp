@@ -47,6 +47,7 @@ void PinchActor::update(const Frame& frame)
         velk_FingerPinchGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
         velk_FingerPinchGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
     }
+    velk_FingerPinchGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
 }
 
 PalmActor::PalmActor(const GripTrack& track)
@@ -70,6 +71,7 @@ void PalmActor::update(const Frame& frame)
         velk_FingerPalmGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
         velk_FingerPalmGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
     }
+    velk_FingerPalmGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
 }
 
 DirectionActor::DirectionActor(const DirectionTrack& track)

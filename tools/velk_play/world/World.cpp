@@ -3,6 +3,7 @@
 
 #include "world/World.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -14,9 +15,8 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-/// A curve of the library that was never started reads as finished only when the library has been up for the
-/// curve's time, at most a tenth of a second; until then the drawn hand would be on its way from the origin.
-constexpr std::chrono::milliseconds kWarmUp{150};
+/// Longer than any curve on which the library lets a drawn hand return.
+constexpr std::chrono::milliseconds kCurveTime{150};
 
 } // namespace
 
@@ -40,8 +40,10 @@ World::World(const Scene& scene, const Recording& recording)
         palms_.emplace_back(track);
     for (const DirectionTrack& track : scene.directions)
         directions_.emplace_back(track);
+    // A curve that was never started reads as finished only when the library has been up for the curve's
+    // time; until then the drawn hand would be on its way from the origin.
     if (!fingertips_.empty() || !hands_.empty())
-        std::this_thread::sleep_for(kWarmUp);
+        std::this_thread::sleep_for(kCurveTime);
 }
 
 Observation World::update(std::size_t number, const Frame& frame)
@@ -52,7 +54,7 @@ Observation World::update(std::size_t number, const Frame& frame)
     const Clock::time_point begin = Clock::now();
     updateAll(frame);
     read(seen);
-    seen.microseconds = std::chrono::duration<double, std::micro>(Clock::now() - begin).count();
+    seen.microseconds = std::chrono::duration<double, std::micro>(Clock::now() - begin - waited_).count();
     return seen;
 }
 
@@ -66,12 +68,27 @@ void World::updateAll(const Frame& frame)
         ray.update(frame);
     for (FingertipActor& fingertip : fingertips_)
         fingertip.update(frame, scene_, pokeTargets_);
+    if (settlesCurves_)
+        settle();
     for (HandActor& hand : hands_)
         hand.update(frame);
     for (PalmActor& palm : palms_)
         palm.update(frame);
     for (DirectionActor& direction : directions_)
         direction.update(frame);
+}
+
+/// What a fingertip's update starts is read only when a hand is updated.
+void World::settle()
+{
+    const bool releasing =
+        std::any_of(scene_.hands.begin(), scene_.hands.end(), [this](const HandChain& chain) {
+            return chain.limiter && fingertips_[*chain.limiter].isReleasing();
+        });
+    const Clock::time_point begin = Clock::now();
+    if (releasing)
+        std::this_thread::sleep_for(kCurveTime);
+    waited_ = Clock::now() - begin;
 }
 
 void World::pressTriggers(const Frame& frame)
@@ -102,6 +119,7 @@ void World::pressPinches()
 
 void World::read(Observation& seen) const
 {
+    seen.rayTargets = rayTargets_.view();
     for (const RayActor& ray : rays_)
         seen.rays.push_back(ray.view(rayTargets_));
     for (const FingertipActor& fingertip : fingertips_)

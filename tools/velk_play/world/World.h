@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <vector>
 
 #include "scene/Scene.h"
@@ -22,6 +23,10 @@ class World
 public:
     World(const Scene& scene, const Recording& recording);
 
+    /// From now on a frame ends after the curves on which drawn hands return, so that what is shown doesn't
+    /// depend on the time that a frame takes.
+    void settleCurves() { settlesCurves_ = true; }
+
     /// One frame of the host: feeds what was recorded, updates everything, and reads the answers.
     Observation update(std::size_t number, const Frame& frame);
 
@@ -29,9 +34,12 @@ private:
     void pressTriggers(const Frame& frame);
     void pressPinches();
     void updateAll(const Frame& frame);
+    void settle();
     void read(Observation& seen) const;
 
     const Scene& scene_;
+    bool settlesCurves_ = false;
+    std::chrono::steady_clock::duration waited_{}; ///< By settle(), in the present frame.
     RayTargets rayTargets_;
     PokeTargets pokeTargets_;
     std::vector<RayActor> rays_;
