@@ -18,7 +18,7 @@ constexpr int kEventProcessed = 1;
 constexpr int kNothingToProcess = 2;
 constexpr int kUnknownEvent = -2;
 
-constinit std::mutex dataAccessMutex;
+std::mutex dataAccessMutex;
 
 struct Bump
 {
