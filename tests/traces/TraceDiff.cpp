@@ -13,6 +13,7 @@
 #include <iterator>
 #include <map>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -63,6 +64,13 @@ std::optional<float> figure(std::string word)
     return isNumber ? std::optional<float>(value) : std::nullopt;
 }
 
+/// Whether a word tells what the figures behind it are.
+bool namesFigures(const std::string& word)
+{
+    const std::set<std::string> others{"at", "open", "starts", "holds", "ends"};
+    return !word.empty() && std::isalpha(static_cast<unsigned char>(word[0])) != 0 && others.count(word) == 0;
+}
+
 /// Neighbouring floats have neighbouring places.
 std::int64_t place(float value)
 {
@@ -111,8 +119,7 @@ private:
             } else {
                 same = keptWords[i] == foundWords[i];
             }
-            if (!was && what != "joint" && std::isalpha(static_cast<unsigned char>(keptWords[i][0])) != 0 &&
-                keptWords[i] != "at" && keptWords[i] != "open" && keptWords[i] != "holds") {
+            if (!was && what != "joint" && namesFigures(keptWords[i])) {
                 what = keptWords[i];
             }
         }

@@ -49,6 +49,13 @@ std::string stateName(VelkInteractableState state)
     return velk_play::stateName(static_cast<VelkInteractorState>(state));
 }
 
+const char* gripState(const GripView& grip, std::size_t finger)
+{
+    if (grip.changed[finger])
+        return grip.holds[finger] ? "starts" : "ends";
+    return grip.holds[finger] ? "holds" : "open";
+}
+
 std::string sideName(Side side)
 {
     return std::string(kSideNames[static_cast<std::size_t>(side)]);
@@ -146,8 +153,8 @@ void TraceWriter::writeGrips(const char* kind, const std::vector<GripTrack>& tra
         }
         file_ << fmt::format("{} center {}", who, text(grips[i].center));
         for (std::size_t finger = 0; finger < kFingerNames.size(); ++finger)
-            file_ << fmt::format(", {} {} {}", kFingerNames[finger],
-                                 grips[i].holds[finger] ? "holds" : "open", text(grips[i].scores[finger]));
+            file_ << fmt::format(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
+                                 text(grips[i].scores[finger]));
         file_ << '\n';
     }
 }

@@ -53,7 +53,8 @@ struct GripView
     bool tracked = false;
     std::array<float, 5> scores{};
     std::array<bool, 5> holds{};
-    Vec3 center{}; ///< The point to hold at.
+    std::array<bool, 5> changed{}; ///< By this frame's update, to what holds says.
+    Vec3 center{};                 ///< The point to hold at.
 };
 
 struct DirectionView

@@ -46,6 +46,8 @@ void PinchActor::update(const Frame& frame)
     for (std::size_t i = 0; i < kFingers.size(); ++i) {
         velk_FingerPinchGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
         velk_FingerPinchGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
+        velk_FingerPinchGrabAPI_GetFingerIsGrabbingChanged(grab_.get(), kFingers[i], view_.holds[i],
+                                                           &view_.changed[i]);
     }
     velk_FingerPinchGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
 }
@@ -70,6 +72,8 @@ void PalmActor::update(const Frame& frame)
     for (std::size_t i = 0; i < kFingers.size(); ++i) {
         velk_FingerPalmGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
         velk_FingerPalmGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
+        velk_FingerPalmGrabAPI_GetFingerIsGrabbingChanged(grab_.get(), kFingers[i], view_.holds[i],
+                                                          &view_.changed[i]);
     }
     velk_FingerPalmGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
 }
