@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <stdexcept>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -38,10 +39,11 @@ struct Object
 struct Family
 {
     std::vector<Object> live;
-    int32_t dead = -1; // destroyed last
+    std::vector<int32_t> dead = {-1}; // the last few destroyed; -1 never lived
 };
 template <typename Handle>
 Family family;
+int32_t newest = -1; // the handle given out last, whichever its family
 
 template <typename T>
 constexpr bool kIsHandle = std::is_enum_v<T> && !std::is_same_v<T, VelkHandFinger> &&
@@ -59,20 +61,27 @@ struct Argument
 
 constexpr uint8_t kCanary = 1;             // also a valid bool
 constexpr std::size_t kMostOfAFamily = 10; // live at a time
+constexpr std::size_t kDeadKept = 16;      // of a family
 
-/// Functions that may say no though their handles are good: to null pointers, which only they are given, or
-/// to what the account doesn't hold.
-bool mayRefuse(Name name)
+template <std::size_t kCount>
+bool endsWithOneOf(Name name, const std::array<Name, kCount>& ends)
 {
-    constexpr std::array<Name, 22> kEnds{
-        "Payload",          "AttributeFloat",   "Quantizer_GetValue", "DataSource_Create",
-        "Modifier_Create",  "Visual_Create",    "Recognizer_Update",  "Plane_Create",
-        "Box_Create",       "SetBounds",        "SetCentroidAndSize", "CreateWithConfig",
-        "WristHMDData",     "Quantizer_Create", "DefaultConfig",      "UpdateBasePose",
-        "CurrentExtent",    "CurrentPose",      "Source_SetData",     "SetCentroid",
-        "Quantizer_Update", "IsActive"};
-    return std::any_of(kEnds.begin(), kEnds.end(), [name](Name end) { return name.ends_with(end); });
+    return std::any_of(ends.begin(), ends.end(), [name](Name end) { return name.ends_with(end); });
 }
+
+/// Functions that may say no though their handles and pointers are good: the account doesn't hold why.
+constexpr std::array<Name, 7> kMayRefuse{"GetPayload",        "SetAttributeFloat", "Quantizer_GetValue",
+                                         "DataSource_Create", "Modifier_Create",   "Visual_Create",
+                                         "Recognizer_Update"};
+
+/// Functions that say no to null pointers, and those that do without. The others are never given one.
+constexpr std::array<Name, 11> kRefusesNull{
+    "GetPayload",    "Quantizer_GetValue", "ButtonVisual_Create", "DefaultConfig", "UpdateBasePose",
+    "CurrentExtent", "CurrentPose",        "Source_SetData",      "SetCentroid",   "Quantizer_Update",
+    "IsActive"};
+constexpr std::array<Name, 7> kTakesNull{"Plane_Create",       "Box_Create",       "SetBounds",
+                                         "SetCentroidAndSize", "CreateWithConfig", "WristHMDData",
+                                         "Quantizer_Create"};
 
 /// The kind that a function's first handle must have; empty for any.
 Name kindFor(Name name)
@@ -119,9 +128,15 @@ public:
             std::apply([&](const auto&... each) { (check(name, each, result == 0), ...); }, arguments);
         }
         if (name.ends_with("_Destroy") && accepted) {
-            picked[0].family->dead = picked[0].object->handle;
-            std::erase_if(picked[0].family->live,
-                          [&](const Object& each) { return &each == picked[0].object; });
+            Family& all = *picked[0].family;
+            all.dead.insert(all.dead.begin(), picked[0].object->handle);
+            all.dead.resize(std::min(all.dead.size(), kDeadKept));
+            std::erase_if(all.live, [&](const Object& each) { return &each == picked[0].object; });
+        }
+        if constexpr (!kIsHandle<Result> && ((sizeof...(Types) > 0) && ... && kIsHandle<Types>)) {
+            for (const int32_t dead : picked[0].family->dead) {
+                expect(function(static_cast<Types>(dead)...) < 0, "the dead stay dead");
+            }
         }
         if (name.ends_with("_SetSurface") && accepted) {
             picked[0].object->hollow = picked[1].object == nullptr;
@@ -139,7 +154,18 @@ public:
     {
         talpPosef pose;
         reader.read(pose);
-        std::vector<velk_BoundsClipper> clippers(reader.byte() % 4);
+        const uint8_t code = reader.byte();
+        if (code >= 0xFC) {
+            bool thrown = false;
+            try {
+                create(&pose, nullptr, code % 2 == 0 ? -1 : std::numeric_limits<int>::min());
+            } catch (const std::length_error&) {
+                thrown = true;
+            }
+            expect(thrown, "a negative count is a length error");
+            return;
+        }
+        std::vector<velk_BoundsClipper> clippers(code % 4);
         std::for_each(clippers.begin(), clippers.end(), [this](auto& each) { reader.read(each); });
         if (family<VelkSurfacePatchHandle>.live.size() < kMostOfAFamily) {
             enter(name, create(&pose, clippers.data(), static_cast<int>(clippers.size())), true);
@@ -183,6 +209,22 @@ public:
             auto& [x, y, z] = pose.position;
             pose.position = {x + step.x, y + step.y, z + step.z};
         }
+    }
+
+    /// Those who come when all have gone meet nothing of them. Without this the next input would.
+    static void visitEmptyWorld()
+    {
+        const talpPosef pose = {{0, 0, 0, 1}, {0, 0, 0}};
+        const auto surface = velk_PointablePlane_Create(&pose, nullptr);
+        const auto patch = velk_ClippedPlaneSurface_Create(&pose, nullptr, 0);
+        const std::array visitors{velk_RayInteractor_Create(), velk_PokeInteractor_Create()};
+        const std::array visited{velk_RayInteractable_Create(surface), velk_PokeInteractable_Create(patch)};
+        std::for_each(visitors.begin(), visitors.end(), velk_Interactor_Update);
+        std::for_each(visited.begin(), visited.end(), velk_Interactable_Destroy);
+        std::for_each(visitors.begin(), visitors.end(), velk_Interactor_Update);
+        std::for_each(visitors.begin(), visitors.end(), velk_Interactor_Destroy);
+        velk_SurfacePatch_Destroy(patch);
+        velk_PointableSurface_Destroy(surface);
     }
 
     /// What the two sides say of each other.
@@ -236,8 +278,14 @@ private:
             picked.back().object = &all.live[code % all.live.size()];
             return static_cast<Handle>(picked.back().object->handle);
         }
-        // Else the one destroyed last, or a number beyond all that are ever issued here.
-        return static_cast<Handle>(code < 0xF8 ? all.dead : reader.raw<int32_t>() | 0x40000000);
+        // Else one that is dead, one of another family, or a number beyond all that are ever issued here.
+        if (code >= 0xF8) {
+            return static_cast<Handle>(reader.raw<int32_t>() | 0x40000000);
+        }
+        const bool isForeign =
+            code >= 0xF0 && std::none_of(all.live.begin(), all.live.end(),
+                                         [](const Object& each) { return each.handle == newest; });
+        return static_cast<Handle>(isForeign ? newest : all.dead[code % all.dead.size()]);
     }
 
     Object* find(VelkInteractableHandle met)
@@ -271,10 +319,14 @@ private:
             } else {
                 std::memset(static_cast<void*>(&argument.record), kCanary, sizeof(Record));
             }
-            const bool takesNull = mayRefuse(name) && !std::is_same_v<Record, velk_HandPinchData>;
-            argument.given = takesNull && isNull() ? nullptr : &argument.record;
+            const bool refusesNull = endsWithOneOf(name, kRefusesNull);
+            const bool takesNull =
+                endsWithOneOf(name, kTakesNull) && !std::is_same_v<Record, velk_HandPinchData>;
+            argument.given = (refusesNull || takesNull) && isNull() ? nullptr : &argument.record;
+            return argument.given != nullptr || takesNull;
         } else if constexpr (std::is_same_v<T, VelkPayload*>) {
             argument.given = reinterpret_cast<T>(uintptr_t{reader.byte()});
+            return argument.given != nullptr;
         } else if constexpr (std::is_same_v<T, float>) {
             argument.given = reader.number();
         } else {
@@ -291,7 +343,7 @@ private:
         manualSeconds += isUpdate ? 0.011f : 0.0f;
         const bool isRay = isUpdate && picked[0].object->kind == "RayInteractor";
         const auto& all = family<VelkInteractableHandle>.live;
-        return (isUpdate || name.ends_with("Visual_Create") || name.ends_with("UpdateBasePose")) &&
+        return (isUpdate || name.ends_with("ButtonVisual_Create") || name.ends_with("UpdateBasePose")) &&
                std::any_of(all.begin(), all.end(), [isRay](const Object& each) {
                    return each.hollow && each.kind == (isRay ? "RayInteractable" : "PokeInteractable");
                });
@@ -299,7 +351,7 @@ private:
 
     void answer(Name name, int32_t result, bool accepted)
     {
-        expect(result == 0 ? accepted : result < 0 && (!accepted || mayRefuse(name)),
+        expect(result == 0 ? accepted : result < 0 && (!accepted || endsWithOneOf(name, kMayRefuse)),
                "the answer follows from what there is");
         digest(static_cast<uint64_t>(result));
     }
@@ -325,10 +377,11 @@ private:
     void enter(Name name, Handle handle, bool accepted)
     {
         static int32_t last = -1;
-        expect(handle > last ? accepted : handle < 0 && (!accepted || mayRefuse(name)),
+        expect(handle > last ? accepted : handle < 0 && (!accepted || endsWithOneOf(name, kMayRefuse)),
                "a new handle, or none");
         if (handle >= 0) {
             last = handle;
+            newest = handle;
             const Name part = name.substr(5, name.find('_', 5) - 5);
             const bool isExternal = part == "DataSource" && type_ == VelkDataSourceType_External;
             family<Handle>.live.push_back({handle, isExternal ? "ExternalHandSource" : part, ++objects_});
@@ -383,6 +436,7 @@ uint64_t runInput(std::string_view bytes, bool echo)
             }
         }
     }
+    CallWorld::visitEmptyWorld();
     velk_SetNativeLogCallback(nullptr);
     return world.digested;
 }

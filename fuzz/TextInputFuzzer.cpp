@@ -3,7 +3,7 @@
 
 // Feeds scenes and recordings to the readers of velk-play. They may refuse what they read, with an InputError
 // of one line, but must let nothing else out, and what they take must keep their promises. What begins with
-// 's' is a scene, all else a recording.
+// 's' is a scene, with 'h' one for a recording without devices; all else is a recording.
 #include "fuzz/FuzzTarget.h"
 #include "tools/velk_play/InputError.h"
 #include "tools/velk_play/recording/RecordingReader.h"
@@ -49,11 +49,13 @@ void checkRecording(const Recording& recording)
 
 void readText(char form, const std::string& text)
 {
-    if (form == 's') {
+    if (form == 's' || form == 'h') {
         Recording recording;
         Frame& frame = recording.frames.emplace_back();
         frame.hands[0].emplace();
-        frame.devices[0] = kIdentity;
+        if (form == 's') {
+            frame.devices[0] = kIdentity;
+        }
         checkScene(parseScene("scene.json", text), recording);
         return;
     }
