@@ -95,13 +95,6 @@ double CsvTable::number(std::size_t row, std::size_t column) const
     return value;
 }
 
-std::optional<double> CsvTable::optionalNumber(std::size_t row, std::size_t column) const
-{
-    if (rows_[row].cells[column].empty())
-        return std::nullopt;
-    return number(row, column);
-}
-
 void CsvTable::fail(std::size_t row, const std::string& message) const
 {
     failAtLine(rows_[row].line, message);

@@ -27,8 +27,6 @@ public:
     std::string_view text(std::size_t row, std::size_t column) const { return rows_[row].cells[column]; }
     /// A number within a float's range. Throws when the cell is empty or holds anything else.
     double number(std::size_t row, std::size_t column) const;
-    /// As number(), but an empty cell is no value.
-    std::optional<double> optionalNumber(std::size_t row, std::size_t column) const;
 
     [[noreturn]] void fail(std::size_t row, const std::string& message) const;
 
