@@ -65,7 +65,7 @@ void FilteredHand(benchmark::State& state)
 {
     std::vector<HandData> hands;
     for (std::size_t i = 0; i < kFrames; ++i) {
-        hands.push_back(SpaceConversions::capiToCore(recordAt(i)));
+        SpaceConversions::capiToCore(recordAt(i), hands.emplace_back(kJoints));
     }
     const auto source = std::make_shared<velk::data_source::ExternalHandSource>(kJoints);
     velk::data_source::OneEuroHandFilter filter(source, true);

@@ -10,15 +10,7 @@
 namespace SpaceConversions
 {
 
-using velk::capi::data_source::kNumJointsTalHand;
 using velk::data::HandData;
-
-HandData capiToCore(const velk_HandData& record)
-{
-    HandData hand(kNumJointsTalHand);
-    capiToCore(record, hand);
-    return hand;
-}
 
 void capiToCore(const velk_HandData& record, HandData& hand)
 {

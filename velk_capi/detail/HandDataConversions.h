@@ -17,9 +17,7 @@ inline constexpr int kNumJointsTalHand = 24;
 namespace SpaceConversions
 {
 
-velk::data::HandData capiToCore(const velk_HandData& record);
-
-/// The same into a hand that is used again, whose joints then need no new memory.
+/// Into a hand that is used again, whose joints then need no new memory.
 void capiToCore(const velk_HandData& record, velk::data::HandData& hand);
 
 /// Reads 24 joints, whatever the count that the hand gives.

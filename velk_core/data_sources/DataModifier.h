@@ -36,11 +36,7 @@ public:
         if (!source) {
             return UpdateDataResult::Failed;
         }
-        if (modifyData_) {
-            return applyModifications(updateSource_ ? source->updateData() : UpdateDataResult::Unknown);
-        }
-        data_ = source->getData();
-        return UpdateDataResult::Unchanged;
+        return applyModifications(updateSource_ ? source->updateData() : UpdateDataResult::Unknown);
     }
 
     /// A modifier does not hand attributes on to its source.
@@ -57,7 +53,6 @@ protected:
         return sourceResult == UpdateDataResult::Updated || sourceResult == UpdateDataResult::Unknown;
     }
 
-    bool modifyData_ = true;
     std::weak_ptr<IDataSource<T>> source_;
     T data_;
     bool updateSource_;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/utility/ProgressCurve.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velk::utility
@@ -10,15 +11,10 @@ namespace velk::utility
 namespace
 {
 
-// Clamps with std::clamp's comparisons, which let a NaN through where the kernel's clamp would turn it
-// into 1.
+// Not the kernel's clamp, which turns a NaN into 1: this one lets it through.
 float smoothstep(float t)
 {
-    if (t < 0.0f) {
-        t = 0.0f;
-    } else if (1.0f < t) {
-        t = 1.0f;
-    }
+    t = std::clamp(t, 0.0f, 1.0f);
     return t * t * (3.0f - 2.0f * t);
 }
 

@@ -58,11 +58,6 @@ SyntheticHand::SyntheticHand(std::shared_ptr<IDataSource<HandData>> source, bool
 {
 }
 
-SyntheticHand::UpdateAttributeResult SyntheticHand::updateAttribute(int, AttributeValue)
-{
-    return UpdateAttributeResult::UnknownAttribute;
-}
-
 SyntheticHand::UpdateDataResult SyntheticHand::applyModifications(UpdateDataResult sourceResult)
 {
     if (!isNews(sourceResult)) {

@@ -43,8 +43,6 @@ public:
 
     SyntheticHand(std::shared_ptr<IDataSource<data::HandData>> source, bool updateSource, Config config);
 
-    UpdateAttributeResult updateAttribute(int attributeId, AttributeValue value) override;
-
     /// A frame without news leaves the record as it is, also in mid-transition.
     UpdateDataResult applyModifications(UpdateDataResult sourceResult) override;
 
