@@ -41,6 +41,7 @@ TEST(VelkLog, DropsWhatLiesBelowTheLevel)
     setLoggingLevel(kVerbose);
     EXPECT_EQ(written(kVerbose, "F", "1") + written(kDebug, "F", "2"), "[VELK:F:V] 1\n[VELK:F:D] 2\n");
     setLoggingLevel(kWarning);
+    EXPECT_EQ(getLoggingLevel(), kWarning);
     EXPECT_EQ(written(kInfo, "F", "1") + written(kWarning, "F", "2"), "[VELK:F:W] 2\n");
     setLoggingLevel(-1);
     for (const int priority : {-1, 1, 7}) {

@@ -76,6 +76,17 @@ TEST(DirectionQuantizer, LabelsByTheAngleToTheReference)
     EXPECT_EQ(levelOf(aslant, 60.0f, 30.0f), VelkDirectionAlignment_Far); // out of order: no middle
 }
 
+TEST(Recognizer, TellsAMissingKeyFromALevelThatDiffers)
+{
+    velk::detection::Recognizer<int, char> generic;
+    EXPECT_EQ(generic.update({{0, 'a'}, {1, 'a'}}, {{0, 'a'}}), -2);
+    EXPECT_FALSE(generic.isActive());
+    EXPECT_EQ(generic.update({{0, 'a'}}, {{0, 'b'}}), 1);
+    EXPECT_FALSE(generic.isActive());
+    EXPECT_EQ(generic.update({{0, 'a'}}, {{0, 'a'}}), 1);
+    EXPECT_TRUE(generic.isActive());
+}
+
 TEST(DirectionRecognizer, IsActiveWhileAllWantedLevelsHold)
 {
     const talpVector3f up = {0.0f, 1.0f, 0.0f};

@@ -46,6 +46,9 @@ TEST(FingerShapes, CurlIsTheMeanBendOnTheSideThatTheJointsLocalZDecides)
     hand.jointPoses[toIndex(HandJointId::IndexMid)].rotation = {1.0f, 0.0f, 0.0f, 0.0f}; // Z turned about
     EXPECT_NEAR(shapes.GetCurlValue(Index, hand.jointPoses), (100.0f + 220.0f) / 2.0f, 1e-3f);
     EXPECT_EQ(shapes.JointsCurlValue({HandJointId::IndexMid}, hand.jointPoses), 0.0f);
+    const TAL::Pose<float> end({}, {0.03f, 0.0f, 0.0f}); // folded back onto itself
+    EXPECT_EQ(shapes.PosesCurlValue(end, {}, end), 0.0f);
+    EXPECT_NEAR(GetVectorSignedAngle(Up, Up * -1.0f, Forward), 180.0f, 1e-3f); // no side to count
 }
 
 TEST(FingerShapes, AbductionIsNeverPositiveAndStartsAtTheThumbsOwnJoint)
@@ -64,6 +67,26 @@ TEST(FingerShapes, AbductionIsNeverPositiveAndStartsAtTheThumbsOwnJoint)
     EXPECT_EQ(FingerShapes().GetValue(Index, FingerFeature::Opposition, poses), 1.0f);
     EXPECT_EQ(FingerShapes().GetValue(Index, static_cast<FingerFeature>(4), poses), 0.0f);
     EXPECT_TRUE(GetJointsAffected(Pinky, FingerFeature::Abduction).empty());
+}
+
+TEST(FingerShapes, FeaturesAreMeasuredByNameAndNameTheirJoints)
+{
+    using enum HandJointId;
+    const FingerShapes shapes;
+    const HandPalmData hand = handBentBy(80.0f, 40.0f, 20.0f);
+    EXPECT_NEAR(shapes.GetValue(Ring, FingerFeature::Curl, hand.jointPoses), 240.0f, 1e-3f);
+    EXPECT_NEAR(shapes.GetValue(Ring, FingerFeature::Flexion, hand.jointPoses), 200.0f, 1e-2f);
+    EXPECT_EQ(shapes.GetValue(Thumb, FingerFeature::Opposition, hand.jointPoses), 0.0f);
+    EXPECT_EQ(GetJointsAffected(Ring, FingerFeature::Curl), (std::vector{RingMid, RingDistal, RingTip}));
+    EXPECT_EQ(GetJointsAffected(Ring, FingerFeature::Flexion),
+              (std::vector{RingProximal, RingMid, RingDistal}));
+    EXPECT_EQ(GetJointsAffected(Ring, FingerFeature::Opposition), (std::vector{ThumbTip, RingTip}));
+    EXPECT_TRUE(GetJointsAffected(Ring, static_cast<FingerFeature>(4)).empty());
+    FingerShapes::JointPoses row; // straight at each of the 22 joints between two
+    for (std::size_t i = 0; i < row.size(); ++i) {
+        row[i].translation.x = static_cast<float>(i);
+    }
+    EXPECT_NEAR(shapes.PosesListCurlValue(row), 22 * 180.0f, 1e-2f);
 }
 
 TEST(PalmGrab, StrengthWeighsCurlTwiceOverTheRangeOfEachFinger)
@@ -101,6 +124,7 @@ TEST(PalmGrab, StartsAboveOneThresholdAndEndsBelowTheOther)
 TEST(PalmGrab, AHandOfZerosIsAFistAndOneThatStopsComingKeepsItsGrip)
 {
     FingerPalmGrabAPI api;
+    EXPECT_EQ(api.GetFingerGrabScore(Ring), 0.0f);
     HandPalmData lost;
     api.Update(&lost);
     EXPECT_EQ(api.GetFingerGrabScore(Ring), 1.0f);

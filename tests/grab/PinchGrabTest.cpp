@@ -81,6 +81,9 @@ TEST(PinchHysteresis, IsStrictAndCountsTheOffsetFromTheLeastDistance)
 
 TEST_F(PinchTest, GoodViewAsksForACloserPinchAndEndsItSooner)
 {
+    EXPECT_EQ(api.getFingerGrabScore(HandFinger::Index), 0.0f); // before the first hand, and far away
+    pinchAt(0.2f);
+    EXPECT_EQ(api.getFingerGrabScore(HandFinger::Index), 0.0f);
     for (const auto& [good, start, stop] : {std::tuple{true, 0.016f, 0.021f}, {false, 0.020f, 0.045f}}) {
         EXPECT_FALSE(pinchAt(start + 1e-4f, good));
         EXPECT_TRUE(pinchAt(start - 1e-4f, good));
@@ -165,9 +168,34 @@ TEST_F(PinchTest, BonesAlignedWithTheThumbDoNotCount)
     EXPECT_LT(measure(kView * -1.0f, 1.0f), 2.0f);
 }
 
+// The thumb's last bone over the index finger's first, at this angle to it.
+TEST_F(PinchTest, AThumbLaidAlongTheIndexFingerBy60DegreesDoesNotPinchIt)
+{
+    for (const auto& [degrees, pinches] : {std::pair{55.0f, false}, {65.0f, true}, {75.0f, true}}) {
+        const float angle = degrees / kDegreesPerRadian;
+        const Vector3 half = Vector3(std::sin(angle), 0.0f, -std::cos(angle)) * 0.02f;
+        joint(ThumbDistal) = Vector3(-0.01f, 0.49f, 0.035f) - half;
+        joint(ThumbTip) = Vector3(-0.01f, 0.49f, 0.035f) + half;
+        api = FingerPinchGrabAPI();
+        update(true);
+        EXPECT_EQ(api.getFingerIsGrabbing(HandFinger::Thumb), pinches) << degrees;
+    }
+}
+
+TEST_F(PinchTest, AnyChainOfJointsCanBeMeasured)
+{
+    update(true);
+    const std::vector chain{ThumbProximal, ThumbDistal, ThumbTip};
+    EXPECT_FLOAT_EQ(api.GetClosestDistanceToThumb({-0.045f, 0.02f, 0.0f}, chain), 0.02f);
+    EXPECT_FLOAT_EQ(api.GetClosestDistanceToThumb({0.03f, 0.04f, 0.0f}, chain), 0.05f);
+    EXPECT_EQ(api.GetClosestDistanceToThumb({}, {ThumbTip}), std::numeric_limits<float>::max());
+    EXPECT_EQ(api.ClosestDistanceToLineSegment({1.0f, 4.0f, 0.0f}, {}, {4.0f, 0.0f, 0.0f}), 4.0f);
+}
+
 TEST_F(PinchTest, JointsThatDoNotExistHaveNoPosition)
 {
     Vector3 out(7.0f, 0.0f, 0.0f);
+    EXPECT_EQ(api.getFingerTipPos(static_cast<HandJointId>(5)).LengthSq(), 0.0f); // a joint, no finger
     for (const auto none : {static_cast<HandJointId>(-1), static_cast<HandJointId>(24)}) {
         EXPECT_FALSE(api.getJointPosFromWrist(none, out));
         EXPECT_EQ(out.x, 7.0f);

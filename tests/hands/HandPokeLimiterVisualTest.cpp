@@ -75,7 +75,8 @@ TEST(HandPokeLimiterVisual, HoldsTheWristWhileTheFingerIsPastTheSurface)
     for (const float z : {0.003f, -0.025f, -0.01f}) {
         EXPECT_NEAR(scene.tipAt(z), kResting, kTolerance) << z;
         EXPECT_EQ(scene.interactor->getState(), InteractorState::Select);
-        EXPECT_NEAR(scene.synthetic->getData().rootPose.rotation.y, z, 1e-3f); // not held
+        EXPECT_NEAR(scene.synthetic->getData().rootPose.rotation.y, z, 1e-3f);            // not held
+        EXPECT_NEAR(scene.synthetic->getData().rootPose.translation.x, 1.0f, kTolerance); // of the tip
     }
     for (const float z : {-0.004f, 0.006f}) {
         EXPECT_NEAR(scene.tipAt(z), kResting, kTolerance) << z;

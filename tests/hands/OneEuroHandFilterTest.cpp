@@ -165,6 +165,26 @@ TEST(OneEuroHandFilter, GoesOnAfterAFrozenStretchAsIfItHadNotBeen)
     EXPECT_EQ(frozen.feed(turned).joints[0].y, straight.feed(turned).joints[0].y);
 }
 
+// An infinite component alone becomes NaN by the normalisation, the others 0.
+TEST(OneEuroHandFilter, PassesARotationWithOneInfiniteComponentOnAndForgetsIt)
+{
+    for (const Quat& broken : {Quat(kInfinity, 0.0f, 0.0f, 0.0f), Quat(0.0f, kInfinity, 0.0f, 0.0f),
+                               Quat(0.0f, 0.0f, kInfinity, 0.0f), Quat(0.0f, 0.0f, 0.0f, kInfinity)}) {
+        Chain chain(1);
+        chain.feed(handAt(0.0f));
+        chain.feed(handAt(0.0f, broken));
+        EXPECT_EQ(chain.feed(handAt(0.0f)).rootPose.rotation.w, 1.0f);
+    }
+}
+
+TEST(OneEuroHandFilter, HasNoJointsWithoutASourceAndFails)
+{
+    OneEuroHandFilter filter(nullptr, true);
+    EXPECT_TRUE(filter.getData().joints.empty());
+    EXPECT_EQ(filter.updateData(), Result::Failed);
+    EXPECT_EQ(filter.applyModifications(Result::Updated), Result::Failed);
+}
+
 TEST(OneEuroHandFilter, SeedsWithTheIdentityWhenUpdatedBeforeTheFirstRecord)
 {
     Chain chain(1);

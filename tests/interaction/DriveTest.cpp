@@ -161,6 +161,74 @@ TEST_F(Drive, DisabledIsEnteredAndLeftSilently)
                                       "doNormalUpdate", "processed", "doPostprocess", "postprocessed"));
 }
 
+TEST_F(Drive, AnInteractorDisabledByAHandlerRestsForTheRemainderOfTheUpdate)
+{
+    tor.wanted = &able;
+    const uint32_t token = tor.subscribeToWhenProcessed([this] { tor.disable(); });
+    EXPECT_THAT(update(), ElementsAre("doPreprocess", "preprocessed", "computeCandidate", "doNormalUpdate",
+                                      "processed", "handleDisabled", "doPostprocess", "postprocessed"));
+    tor.unsubscribeToWhenProcessed(token);
+    tor.subscribeToWhenStateChanged([this](auto) { tor.disable(); });
+    update(); // out of the hover that it has just entered
+    EXPECT_EQ(tor.getState(), InteractorState::Disabled);
+    EXPECT_FALSE(tor.hasInteractable());
+    EXPECT_EQ(log.back(), "postprocessed");
+}
+
+// It is asked before each step that it could stop, and stops all that come after.
+TEST_F(Drive, AnActiveStateCanEndInMidUpdate)
+{
+    struct Countdown : active_state::IActiveState
+    {
+        mutable int left = 0;
+        bool isActive() const override { return left-- > 0; }
+    };
+    const auto countdown = std::make_shared<Countdown>();
+    FakeInteractor limited(&log, countdown);
+    limited.wanted = &able;
+    for (const int answers : {0, 1, 2, 3}) {
+        countdown->left = answers;
+        log.clear();
+        limited.update();
+        EXPECT_EQ(limited.getState(), InteractorState::Disabled) << answers;
+        EXPECT_THAT(log, testing::Not(testing::Contains("computeCandidate")));
+    }
+    countdown->left = 4;
+    limited.update();
+    EXPECT_TRUE(limited.hasInteractable());
+}
+
+TEST_F(Drive, StepsOfTheMachineDoNothingOutsideTheirState)
+{
+    tor.setComputeShouldSelectOverride([] { return true; }, true);
+    tor.setComputeShouldUnselectOverride([] { return true; }, false);
+    EXPECT_FALSE(tor.shouldUnhover() || tor.shouldSelect() || tor.shouldUnselect());
+    tor.unhover();
+    tor.select();
+    tor.unselect();
+    EXPECT_THAT(log, IsEmpty());
+    tor.clearComputeShouldSelectOverride();
+    tor.wanted = &able;
+    update();
+    log.clear();
+    EXPECT_FALSE(tor.shouldHover() || tor.shouldUnselect());
+    tor.hover();
+    tor.unselect();
+    EXPECT_THAT(log, IsEmpty());
+    tor.setComputeShouldSelectOverride([] { return true; }, false);
+    tor.clearComputeShouldUnselectOverride();
+    update();
+    tor.wanted = nullptr;
+    tor.processCandidate();
+    log.clear();
+    EXPECT_FALSE(tor.shouldHover() || tor.shouldUnhover() || tor.shouldSelect());
+    tor.hover();
+    tor.unhover();
+    tor.select();
+    EXPECT_THAT(log, IsEmpty());
+    EXPECT_EQ(tor.getState(), InteractorState::Select);
+}
+
 TEST_F(Drive, WhatIsNoRootDriverDoesNotMove)
 {
     tor.setIsRootDriver(false);

@@ -86,8 +86,54 @@ TEST_F(InteractableSets, TheWayIntoDisabledIsSilentAndTheWayOutIsNot)
     EXPECT_THAT(log, ElementsAre("able Disabled>Normal"));
 }
 
+TEST_F(InteractableSets, DisabledItTakesNobodyAndSaysNothing)
+{
+    able->enable(); // is enabled already
+    EXPECT_THAT(list(first), ElementsAre(&*able));
+    able->disable();
+    log.clear();
+    able->disable();
+    EXPECT_FALSE(able->canBeSelectedBy(first));
+    able->addInteractor(&first);
+    EXPECT_EQ(able->getState(), InteractableState::Disabled);
+    able->removeInteractor(&first);
+    EXPECT_THAT(log, ElementsAre("able count", "able added", "able count", "able removed"));
+}
+
+TEST_F(InteractableSets, HandlersThatAreUnsubscribedHearNothing)
+{
+    int heard = 0;
+    const auto hear = [&heard](auto&&...) { ++heard; };
+    FakeInteractable quiet;
+    FakeInteractor tor;
+    quiet.unsubscribeToWhenStateChanged(quiet.subscribeToWhenStateChanged(hear));
+    quiet.unsubscribeToWhenInteractorsCountUpdated(quiet.subscribeToWhenInteractorsCountUpdated(hear));
+    quiet.unsubscribeToWhenSelectingInteractorsCountUpdated(
+        quiet.subscribeToWhenSelectingInteractorsCountUpdated(hear));
+    quiet.unsubscribeToWhenInteractorAdded(quiet.subscribeToWhenInteractorAdded(hear));
+    quiet.unsubscribeToWhenInteractorRemoved(quiet.subscribeToWhenInteractorRemoved(hear));
+    quiet.unsubscribeToWhenPointerEventRaised(quiet.subscribeToWhenPointerEventRaised(hear));
+    tor.unsubscribeToWhenStateChanged(tor.subscribeToWhenStateChanged(hear));
+    tor.unsubscribeToWhenPreprocessed(tor.subscribeToWhenPreprocessed(hear));
+    tor.unsubscribeToWhenProcessed(tor.subscribeToWhenProcessed(hear));
+    tor.unsubscribeToWhenPostprocessed(tor.subscribeToWhenPostprocessed(hear));
+    tor.wanted = &quiet;
+    tor.setComputeShouldSelectOverride([] { return true; }, true);
+    tor.update();
+    tor.disable();
+    EXPECT_EQ(heard, 0);
+}
+
 TEST_F(InteractableSets, LimitsAdmitByEquality)
 {
+    EXPECT_EQ(able->getMaxSelectingInteractors(), -1); // none
+    EXPECT_EQ(able->getMaxInteractors(), -1);
+    able->maxSelectingInteractors_ = 0;
+    EXPECT_FALSE(able->canBeSelectedBy(first));
+    able->maxSelectingInteractors_ = -1;
+    able->maxInteractors_ = 0;
+    EXPECT_FALSE(able->canBeSelectedBy(first));
+    able->maxInteractors_ = -1;
     able->maxSelectingInteractors_ = 1;
     EXPECT_TRUE(able->canBeSelectedBy(first));
     able->addSelectingInteractor(&second);
@@ -121,6 +167,9 @@ TEST_F(InteractableSets, AnAbsentFilterPayloadIsEmpty)
     able->setFilterPayload(typeid(int), payload);
     EXPECT_EQ(able->getFilterPayload(typeid(int)), payload);
     EXPECT_EQ(able->getFilterPayload(typeid(float)), nullptr);
+    first.setFilterPayload(typeid(float), payload);
+    EXPECT_EQ(first.getFilterPayload(typeid(float)), payload);
+    EXPECT_EQ(first.getFilterPayload(typeid(int)), nullptr);
 }
 
 namespace
@@ -148,10 +197,11 @@ struct Element : interaction::IPointableElement
     {
         heard.push_back(nameOf(event.type));
     }
-    void cancel(int identifier)
+    void raise(int identifier, interaction::PointerEventType type)
     {
-        raised.invoke(interaction::PointerEvent(identifier, interaction::PointerEventType::Cancel, {}));
+        raised.invoke(interaction::PointerEvent(identifier, type, {}));
     }
+    void cancel(int identifier) { raise(identifier, interaction::PointerEventType::Cancel); }
 };
 
 struct PointerElement : testing::Test
@@ -183,6 +233,7 @@ TEST_F(PointerElement, CancelsTheInteractorItNames)
 {
     element->heard.clear();
     element->cancel(tor->getIdentifier() + 1);
+    element->raise(tor->getIdentifier(), interaction::PointerEventType::Unselect);
     EXPECT_THAT(element->heard, IsEmpty());
     element->cancel(tor->getIdentifier());
     EXPECT_THAT(element->heard, ElementsAre("Unselect", "Unhover"));

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PokeScene.h"
+#include "velk_core/interaction/poke/PokeGeometry.h"
 
 namespace velk::test
 {
@@ -18,6 +19,8 @@ TEST_F(PokeHover, IsLostByAFingerThatRestsAboveTheEnterLimit)
 {
     add();
     EXPECT_PLAYS(finger, "0,32:HM 0,33:M 0,33:M 0,34:M 0,34:h");
+    buttons.at("").interactable->setCloseDistanceThreshold(4 * kUnit); // and that much farther
+    EXPECT_PLAYS(finger, "0,32:HM 0,37:M 0,37:M 0,38:M 0,38:h");
 }
 
 // A tangent limit of 0 admits the skin, not only the centre: one radius beyond the edge.
@@ -31,6 +34,10 @@ TEST_F(PokeHover, TangentLimitsHaveAHysteresisOfTheirOwn)
     add();
     EXPECT_PLAYS(finger, "95,1:- 94,1:HM 90,1:M 104,1:M 90,1:M 105,1:h");
     EXPECT_PLAYS(finger, "90,1:HM 90,1:M 104,1:M 103,1:h"); // the broad test reaches to the greater limit
+    clear();
+    config.enterHoverTangent = 2000 * kUnit; // metres away, no other limit holds
+    add();
+    EXPECT_PLAYS(finger, "2055,10:- 2054,10:HM 2055,10:h");
 }
 
 // Not from under the surface, with the skin at it, or from the side under the rim.
@@ -98,6 +105,10 @@ TEST_F(PokeHover, OverClippedPatches)
     EXPECT_PLAYS(finger, "15,20:- 14,20:HM 15,20:h -14,20:HM -15,20:h");
     button.interactable->setSurfacePatch(button.clippedTo(units(-51, 0, 0), units(51, 0, 0)));
     EXPECT_PLAYS(finger, "0,20:- 0,-20:-");
+    clear();
+    const Button& gone = add(); // from the start
+    gone.interactable->setSurfacePatch(gone.clippedTo(units(-51, 0, 0), units(51, 0, 0)));
+    EXPECT_PLAYS(finger, "0,20:- 0,-20:- 0,20:-");
 }
 
 TEST_F(PokeHover, TheTouchPointIsUnderTheFinger)
@@ -106,6 +117,9 @@ TEST_F(PokeHover, TheTouchPointIsUnderTheFinger)
     EXPECT_PLAYS(finger, "7,20:HM@7 -53,20:M@-53");
     EXPECT_EQ(finger->getClosestPoint().x, -50 * kUnit); // of the patch
     EXPECT_EQ(finger->getTouchPoint().z, 4 * kUnit);
+    const Vector lower = units(53, 0, 0); // 3 beside the edge, 4 under the patch, in from the skin by 4
+    EXPECT_EQ(interaction::poke_geometry::computeDistanceFrom(*buttons.at("").interactable, lower, 4 * kUnit),
+              kUnit);
     EXPECT_EQ(finger->getTouchNormal().z, 1);
 }
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/PokeScene.h"
 #include "velk_capi/detail/VelkInteractable.h"
+#include "velk_capi/detail/VelkInteractor.h"
 #include "velk_capi/detail/VelkPokeInteractable.h"
+#include "velk_capi/detail/VelkPokeInteractor.h"
 #include "velk_capi/detail/VelkSurfacePatch.h"
 
 #include <cstring>
@@ -54,6 +56,32 @@ TEST(PokeConfig, LimitsAreNormalisedAndOnlyOneIsTrue)
     config = configOf(&record);
     EXPECT_EQ(config.cancelSelectTangent, 0.0f);
     EXPECT_EQ(config.minThresholds.minNormal, 0.05f);
+    record.minThresholdsEnabled = 1;
+    record.minNormal = 0.0f; // stays 0 also where a finger enters below the surface
+    record.enterHoverNormal = -0.01f;
+    EXPECT_EQ(configOf(&record).minThresholds.minNormal, 0.0f);
+}
+
+// Each of its fields where the behaviour that it decides can be seen.
+TEST(PokeConfig, AnInteractorTakesItsOwnRecord)
+{
+    const velk_PokeInteractorConfig record = {0.25f, 0.0f, 0.125f, 0.5f};
+    const auto handle = capi::poke_interactor::create(&record);
+    auto& finger = *capi::getRawPointerAs<PokeInteractor>(capi::interactor::getRegistry(), handle);
+    EXPECT_EQ(finger.getRadius(), 0.5f);
+    EXPECT_EQ(PokeInteractor().getRadius(), 0.005f);
+    const auto rise = [&](float height) { // of the skin
+        finger.setPointPosition({0.0f, 0.0f, height + 0.5f});
+        finger.update();
+        return finger.getState();
+    };
+    rise(1.0f);
+    const Button button({});
+    rise(1.0f);
+    EXPECT_EQ(rise(0.0f), interaction::InteractorState::Select);
+    EXPECT_EQ(rise(0.25f), interaction::InteractorState::Select);
+    EXPECT_NE(rise(0.26f), interaction::InteractorState::Select);
+    capi::interactor::destroy(handle);
 }
 
 TEST(PokeConfig, AMissingPatchTraps)

@@ -74,7 +74,7 @@ TEST_F(RayTest, TakesTheNearestButLeavesTiesToTheOrderOfRegistration)
         std::vector<float> distances; // of the planes, in the order of registration
         int chosen;
         float length; // of the ray
-        float threshold = 0.01f;
+        float threshold = RayInteractor::Config().equalDistanceThreshold;
     };
     const Choice choices[] = {
         {{}, 0, 1.0f},
@@ -82,8 +82,10 @@ TEST_F(RayTest, TakesTheNearestButLeavesTiesToTheOrderOfRegistration)
         {{0.5f, 0.6f}, 0, 0.5f},
         {{0.6f, 0.5f}, 1, 0.5f},
         {{0.505f, 0.5f}, 0, 0.505f},
+        {{0.5115f, 0.5f}, 1, 0.5f},        // more than a centimetre
         {{0.5f, 0.495f, 0.48f}, 2, 0.48f}, // the second is too near to the best to take over
         {{0.5f, 0.25f}, 1, 0.25f, 0.25f},  // exactly the threshold apart is not equal
+        {{0.5f, 0.5f}, 0, 0.5f, 0.0f},     // so nothing is without one, and the first stays all the same
     };
     for (const Choice& choice : choices) {
         SCOPED_TRACE(testing::PrintToString(choice.distances));
@@ -96,6 +98,7 @@ TEST_F(RayTest, TakesTheNearestButLeavesTiesToTheOrderOfRegistration)
         EXPECT_EQ(hovered(), choice.chosen);
         EXPECT_THAT(ray->getEnd(), IsAt(0.0f, 0.0f, -choice.length));
     }
+    EXPECT_EQ(panels.back()->getTiebreakerScore(), 0); // what a host's scores are held against
 }
 
 TEST_F(RayTest, HitsABoxFromWithinBehindTheOriginAndForgetsItWhenItIsGone)
@@ -108,6 +111,9 @@ TEST_F(RayTest, HitsABoxFromWithinBehindTheOriginAndForgetsItWhenItIsGone)
     using Properties = RayInteractor::RayCandidateProperties;
     const auto properties = std::static_pointer_cast<Properties>(ray->getCandidateProperties().lock());
     EXPECT_THAT(properties->getCandidatePosition(), IsAt(0.0f, 0.0f, 1.0f));
+    const RayInteractable* const box = panels.back().get();
+    panels.erase(panels.begin());
+    EXPECT_EQ(properties->getInteractable(), box);
     panels.clear();
     EXPECT_EQ(properties->getInteractable(), nullptr);
 }
@@ -129,6 +135,15 @@ TEST_F(RayTest, FallsBackOnTheMagnetismSurfaceNearestToItsTrueSurface)
     add(planeAhead(0.9f));                                // a direct hit, however far, comes first
     ray->update();
     EXPECT_EQ(hovered(), 4);
+}
+
+TEST_F(RayTest, LooksOutOfASlantedSurfaceUprightAsTheRayIs)
+{
+    const Pose slanted(Quat::FromRotationVector({0.0f, 0.7853982f, 0.0f}), {0.0f, 0.0f, -0.5f});
+    add(std::make_shared<surface::PointablePlane>(slanted, TAL::Vector2<float>(1.0f, 1.0f)));
+    ray->update();
+    EXPECT_THAT(events.back().pose.Rotate({0.0f, 1.0f, 0.0f}), IsAt(0.0f, 1.0f, 0.0f));
+    EXPECT_THAT(events.back().pose.Rotate({0.0f, 0.0f, -1.0f}), IsAt(0.7071068f, 0.0f, 0.7071068f));
 }
 
 TEST_F(RayTest, GoesOnPointingAtTheSurfaceSelectedFirstAndStaysSelectedOffIt)

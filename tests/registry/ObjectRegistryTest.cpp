@@ -39,7 +39,23 @@ TEST(ObjectRegistry, IssuesEachHandleOnce)
     EXPECT_EQ(number(registry.create<int>()), 1);
 }
 
-TEST(ObjectRegistry, TheCounterWrapsOverMinusOneAndSkipsLiveHandles)
+// With handles of 8 bits: -2 lives, 7 is free again, all others are used up.
+TEST(ObjectRegistry, HandlesInUseAreSkippedWhenTheCounterComesRound)
+{
+    enum class Small : int8_t
+    {
+    };
+    capi::ObjectRegistry<int, Small> registry(0xFFFFFFFEu);
+    for (int issued = 0; issued < 255; ++issued) {
+        registry.create<int>();
+    }
+    registry.destroy(Small{-1});
+    registry.destroy(Small{7});
+    EXPECT_EQ(registry.create<int>(), Small{-3});
+    EXPECT_EQ(registry.create<int>(), Small{-1});
+}
+
+TEST(ObjectRegistry, TheCounterWrapsOverMinusOne)
 {
     Registry registry(0xFFFFFFFEu);
     const std::shared_ptr<int> object = std::make_shared<int>(5);

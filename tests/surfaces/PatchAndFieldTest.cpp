@@ -87,13 +87,27 @@ TEST_F(ClippedPlane, AClipperFollowsItsOwnFrameButKeepsThePlanesAxes)
     EXPECT_TRUE(hits(surface, 0.9f, 1.2f) && !hits(surface, 1.9f, 0.2f) && !hits(surface, 0.2f, 1.9f));
 }
 
+TEST_F(ClippedPlane, IsItsPlaneInAllThatIsNotClipped)
+{
+    auto surface = patch({{carrier, Vec::ZERO, unit}});
+    surface.setPose(Pose(turn(axis(0), TAL::kPi / 2.0f), axis(1) * 0.25f)); // faces -y
+    EXPECT_TRUE(isNear(plane->getPose().translation, axis(1) * 0.25f));
+    EXPECT_TRUE(isNear(surface.getNormal(), -axis(1), kRounding));
+    EXPECT_TRUE(isNear(surface.getBounds().halfSize, plane->getBounds().halfSize));
+    EXPECT_TRUE(hits(surface, 0.4f, 0.0f));
+    surface.setSize(TAL::Vector2<float>(0.25f, 0.25f));
+    EXPECT_FALSE(hits(surface, 0.4f, 0.0f));
+    EXPECT_FALSE(surface.raycast({axis(1), -axis(1)}, hit, 0.0f)); // from behind
+}
+
 TEST(BoxProximityField, KeepsPointsInsideAndClampsTheOthersInItsFrame)
 {
     const Pose pose(turn(Vec(1.0f, 1.0f, -2.0f), 2.5f), Vec(1.0f, -4.0f, 0.5f));
     BoxProximityField field(pose, Vec(2.0f, 4.0f, 1.0f));
     const std::pair<Vec, Vec> cases[] = {{Vec(0.9f, -1.9f, 0.4f), Vec(0.9f, -1.9f, 0.4f)},
                                          {Vec(-3.0f, 1.0f, 0.1f), Vec(-1.0f, 1.0f, 0.1f)},
-                                         {Vec(2.0f, -5.0f, 0.6f), Vec(1.0f, -2.0f, 0.5f)}};
+                                         {Vec(2.0f, -5.0f, 0.6f), Vec(1.0f, -2.0f, 0.5f)},
+                                         {Vec(0.2f, 5.0f, -0.6f), Vec(0.2f, 2.0f, -0.5f)}};
     for (const auto& [point, closest] : cases) {
         EXPECT_TRUE(
             isNear(field.computeClosestPoint(pose.Transform(point)), pose.Transform(closest), kRounding));

@@ -5,6 +5,7 @@
 #include "velk_capi/detail/VelkPointableAxisAlignedBox.h"
 #include "velk_capi/detail/VelkPointablePlane.h"
 #include "velk_capi/detail/VelkPointableSurface.h"
+#include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
 
 #include <stdexcept>
 
@@ -32,6 +33,34 @@ TEST(SurfaceFamilies, NullArgumentsAndKinds)
 
     EXPECT_EQ(clipped_plane_surface::setPose(clipped_plane_surface::create(&pose, nullptr, 0), &pose), -1);
     EXPECT_THROW(clipped_plane_surface::create(&pose, nullptr, -1), std::length_error);
+}
+
+TEST(SurfaceFamilies, PartsOfABoxAreSetAloneAndKeepTheOthers)
+{
+    using interaction::surface::PointableAxisAlignedBox;
+    const auto handle = pointable_axis_aligned_box::create(nullptr, nullptr);
+    const auto& box = *pointable_surface::getRawPtr<PointableAxisAlignedBox>(handle);
+    const auto reaches = [&box](Vec lower, Vec upper) {
+        const Vec center = (lower + upper) * 0.5f;
+        return isNear(box.getLowerBound(), lower) && isNear(box.getUpperBound(), upper) &&
+               isNear(box.getSize(), upper - lower) && isNear(box.getCenter(), center) &&
+               isNear(box.getPose().translation, center) && isNear(box.getBounds().upperBound, upper);
+    };
+    const talpVector3f corner{3.0f, 0.0f, 3.0f};
+    const talpVector3f beyond{4.0f, -1.0f, 1.0f};
+    const talpVector3f center{1.0f, 1.0f, 1.0f};
+    const talpVector3f size{2.0f, 4.0f, 2.0f};
+    EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, nullptr, &corner), 0);
+    EXPECT_TRUE(reaches(Vec::ZERO, Vec(3.0f, 0.0f, 3.0f)));
+    EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, &beyond, nullptr), 0); // not put in order
+    EXPECT_TRUE(reaches(Vec(4.0f, -1.0f, 1.0f), Vec(3.0f, 0.0f, 3.0f)));
+    EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, &center, nullptr), 0);
+    EXPECT_TRUE(reaches(Vec(1.5f, 0.5f, 0.0f), Vec(0.5f, 1.5f, 2.0f)));
+    EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, nullptr, &size), 0);
+    EXPECT_TRUE(reaches(Vec(0.0f, -1.0f, 0.0f), Vec(2.0f, 3.0f, 2.0f)));
+    EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, nullptr, nullptr), 0);
+    EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, nullptr, nullptr), 0);
+    EXPECT_TRUE(reaches(Vec(0.0f, -1.0f, 0.0f), Vec(2.0f, 3.0f, 2.0f)));
 }
 
 } // namespace velk::test

@@ -73,6 +73,20 @@ TEST(PointablePlane, ClosestPointIsThatOfTheEndlessTwoSidedPlane)
     }
 }
 
+TEST(PointablePlane, BoundsAreThinOnlyAlongANormalOnAnAxis)
+{
+    constexpr float kLargest = std::numeric_limits<float>::max();
+    constexpr float kThin = std::numeric_limits<float>::epsilon();
+    const Vec place(1.0f, 2.0f, 3.0f);
+    for (const auto& [rotation, size] : {std::pair{Rot(), Vec(kLargest, kLargest, kThin)},
+                                         {turn(axis(1), -TAL::kPi / 2.0f), Vec(kThin, kLargest, kLargest)},
+                                         {turn(axis(0), TAL::kPi / 2.0f), Vec(kLargest, kThin, kLargest)},
+                                         {turn(axis(0), 0.01f), Vec(kLargest, kLargest, kLargest)}}) {
+        const auto bounds = PointablePlane(Pose(rotation, place), Size::ZERO).getBounds();
+        EXPECT_TRUE(isNear(bounds.halfSize, size * 0.5f) && isNear(bounds.centroid, place));
+    }
+}
+
 TEST(PointableAxisAlignedBox, LimitsTheWayAndFillsTheClosestPointBeyondItToo)
 {
     const PointableAxisAlignedBox box(Vec::ZERO, Vec(2.0f, 2.0f, 2.0f));
