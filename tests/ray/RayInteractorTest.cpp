@@ -125,16 +125,19 @@ TEST_F(RayTest, FallsBackOnTheMagnetismSurfaceNearestToItsTrueSurface)
         add(planeAhead(distance + gap, 5.0f), nullptr, nullptr, nullptr, planeAhead(distance));
     };
     add(planeAhead(0.1f, 5.0f)); // no magnetism: never drawn to
+    addMagnet(0.25f, 2.0f);      // however far its surface is
+    ray->update();
+    EXPECT_EQ(hovered(), 1);
     addMagnet(0.25f, 0.5f);
     addMagnet(0.5f, 0.25f);
     addMagnet(0.25f, 0.25f); // the same gap: the earlier one stays
     ray->update();
-    EXPECT_EQ(hovered(), 2);
+    EXPECT_EQ(hovered(), 3);
     EXPECT_THAT(ray->getCollisionInfo()->point, IsAt(0.0f, 0.0f, -0.5f));
     EXPECT_THAT(ray->getEnd(), IsAt(0.0f, 0.0f, -0.75f)); // reaches for the true surface
     add(planeAhead(0.9f));                                // a direct hit, however far, comes first
     ray->update();
-    EXPECT_EQ(hovered(), 4);
+    EXPECT_EQ(hovered(), 5);
 }
 
 TEST_F(RayTest, LooksOutOfASlantedSurfaceUprightAsTheRayIs)

@@ -95,6 +95,7 @@ TEST(PointableAxisAlignedBox, LimitsTheWayAndFillsTheClosestPointBeyondItToo)
     EXPECT_FALSE(box.raycast(ray, hit, 1.999f) || hit.distance != 0.0f); // untouched
     EXPECT_TRUE(box.raycast(ray, hit, 0.0f) && box.raycast(ray, hit, 2.0f));
     EXPECT_TRUE(isNear(hit.point, axis(2)) && isNear(hit.normal, axis(2)));
+    EXPECT_TRUE(box.closestSurfacePoint(Vec(5.0f, 4.0f, 0.0f), hit, 0.0f)); // no limit
     EXPECT_FALSE(box.closestSurfacePoint(Vec(5.0f, 4.0f, 0.0f), hit, 4.999f));
     EXPECT_TRUE(isNear(hit.point, Vec(1.0f, 1.0f, 0.0f)) && isNear(hit.normal, axis(0)) &&
                 hit.distance == 5.0f);
