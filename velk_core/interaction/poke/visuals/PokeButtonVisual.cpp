@@ -112,6 +112,8 @@ void PokeButtonVisual::unsubInteractorAddedRemovedHandlers()
         interactable->unsubscribeToWhenInteractorAdded(interactorAddedHandler_);
         interactable->unsubscribeToWhenInteractorRemoved(interactorRemovedHandler_);
     }
+    interactorAddedHandler_ = 0;
+    interactorRemovedHandler_ = 0;
 }
 
 void PokeButtonVisual::unsubInteractorPostprocessHandler()

@@ -53,10 +53,10 @@ private:
     void updateVisualPosition();
 
     std::weak_ptr<PokeInteractable> pokeInteractable_;
-    uint32_t interactorAddedHandler_ = 0; // of the interactable, as the next one
+    uint32_t interactorAddedHandler_ = 0; // 0 stands for no subscription, here and below
     uint32_t interactorRemovedHandler_ = 0;
     PokeInteractor* monitoredInteractor_ = nullptr; // kept valid by handleInteractorRemoved
-    uint32_t interactorPostprocessHandler_ = 0;     // 0 stands for no subscription
+    uint32_t interactorPostprocessHandler_ = 0;
     TAL::Pose<float> basePose_;
     float maxExtent_;
     float currentExtent_;
