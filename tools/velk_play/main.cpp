@@ -55,7 +55,7 @@ void addOptions(CLI::App& app, Options& options)
         "--trace", options.trace, "Write all that can be observed, to the last bit, to this file (text)");
     app.add_option("--trace-step", options.traceStep,
                    "Trace every N-th frame and those in which something changes")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(1, 1000000))
         ->needs(trace);
     app.add_flag("--quiet", options.quiet, "Print the summary only");
     app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible")
