@@ -3,6 +3,7 @@
 //
 // One poke update against N buttons on a wall: with the fingertip far from all, moving among them, and
 // holding one pressed. `allocations` counts those of one update.
+#include "math/Aliases.h"
 #include "tests/support/AllocationCounter.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
@@ -17,6 +18,9 @@
 namespace
 {
 
+using velk::Posef;
+using velk::Vector2f;
+using velk::Vector3f;
 using velk::interaction::InteractorState;
 using velk::interaction::PokeInteractable;
 using velk::interaction::PokeInteractor;
@@ -24,7 +28,6 @@ using velk::interaction::surface::BoundsClipper;
 using velk::interaction::surface::ClippedPlaneSurface;
 using velk::interaction::surface::PointablePlane;
 using velk::test::allocations;
-using Vector = TAL::Vector3<float>;
 
 constexpr float kButtonSize = 0.02f; // metres
 constexpr float kSpacing = 0.03f;
@@ -42,7 +45,7 @@ public:
     }
 
     /// Wanders over the buttons of a square of ten by ten; on a smaller wall, over all of them.
-    Vector wander(int frame, float height) const
+    Vector3f wander(int frame, float height) const
     {
         const float reach = 0.5f * kSpacing * std::fmin(static_cast<float>(columns_), 10.0f);
         const float angle = 0.02f * static_cast<float>(frame);
@@ -50,19 +53,18 @@ public:
     }
 
 private:
-    Vector place(int i) const
+    Vector3f place(int i) const
     {
         const float middle = 0.5f * static_cast<float>(columns_ - 1);
         return {kSpacing * (static_cast<float>(i % columns_) - middle),
                 kSpacing * (static_cast<float>(i / columns_) - middle), 0.0f};
     }
 
-    static std::unique_ptr<PokeInteractable> makeButton(const Vector& position)
+    static std::unique_ptr<PokeInteractable> makeButton(const Vector3f& position)
     {
-        auto plane = std::make_shared<PointablePlane>(TAL::Pose<float>({}, position),
-                                                      TAL::Vector2<float>(100.0f, 100.0f));
-        const Vector size(kButtonSize, kButtonSize, kButtonSize);
-        std::vector<BoundsClipper> clippers{{plane, Vector(), size}};
+        auto plane = std::make_shared<PointablePlane>(Posef({}, position), Vector2f(100.0f, 100.0f));
+        const Vector3f size(kButtonSize, kButtonSize, kButtonSize);
+        std::vector<BoundsClipper> clippers{{plane, Vector3f(), size}};
         auto patch = std::make_shared<ClippedPlaneSurface>(plane, std::move(clippers));
         return std::make_unique<PokeInteractable>(PokeInteractable::Config(), patch, nullptr);
     }
@@ -108,15 +110,15 @@ void PokeAmongThem(benchmark::State& state)
 void PokeHeldPress(benchmark::State& state)
 {
     const Wall wall(static_cast<int>(state.range(0)));
-    const Vector button =
-        wall.wander(0, 0.0f) - Vector(state.range(0) == 1 ? 0.0f : 0.5f * kSpacing, 0.0f, 0.0f);
+    const Vector3f button =
+        wall.wander(0, 0.0f) - Vector3f(state.range(0) == 1 ? 0.0f : 0.5f * kSpacing, 0.0f, 0.0f);
     PokeInteractor finger;
     for (const float height : {0.1f, 0.01f, -0.01f}) {
-        finger.setPointPosition(button + Vector(0.0f, 0.0f, height));
+        finger.setPointPosition(button + Vector3f(0.0f, 0.0f, height));
         finger.update();
     }
     run(state, finger, [&](int frame) {
-        return button + Vector(0.0005f * std::sin(0.1f * static_cast<float>(frame)), 0.0f, -0.01f);
+        return button + Vector3f(0.0005f * std::sin(0.1f * static_cast<float>(frame)), 0.0f, -0.01f);
     });
     if (finger.getState() != InteractorState::Select) {
         state.SkipWithError("the press was lost");

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/Ray.h"
-#include "math/Vector3.h"
 
 #include <algorithm>
 
@@ -15,10 +15,10 @@ namespace velk::math
 /// calculatedCentroidAndSizeFromBounds() before the nearest face is asked for.
 struct AxisAlignedBox
 {
-    TAL::Vector3<float> lowerBound;
-    TAL::Vector3<float> upperBound;
-    TAL::Vector3<float> centroid;
-    TAL::Vector3<float> halfSize;
+    Vector3f lowerBound;
+    Vector3f upperBound;
+    Vector3f centroid;
+    Vector3f halfSize;
 
     /// The faces, in the order that decides ties: the later one wins.
     enum class BoxSide
@@ -34,7 +34,7 @@ struct AxisAlignedBox
     AxisAlignedBox() = default;
 
     /// `size` is the full size.
-    AxisAlignedBox(const TAL::Vector3<float>& inCentroid, const TAL::Vector3<float>& size)
+    AxisAlignedBox(const Vector3f& inCentroid, const Vector3f& size)
         : lowerBound(inCentroid - size * 0.5f)
         , upperBound(inCentroid + size * 0.5f)
         , centroid(inCentroid)
@@ -49,7 +49,7 @@ struct AxisAlignedBox
     }
 
     /// Inclusive on every face.
-    bool isWithinVolume(const TAL::Vector3<float>& point) const
+    bool isWithinVolume(const Vector3f& point) const
     {
         return point.x >= lowerBound.x && upperBound.x >= point.x && point.y >= lowerBound.y &&
                upperBound.y >= point.y && point.z >= lowerBound.z && upperBound.z >= point.z;
@@ -60,8 +60,8 @@ struct AxisAlignedBox
     bool clip(const AxisAlignedBox& other, AxisAlignedBox& result)
     {
         const AxisAlignedBox copy = *this;
-        const TAL::Vector3<float> lower = TAL::Vector3<float>::Max(copy.lowerBound, other.lowerBound);
-        const TAL::Vector3<float> upper = TAL::Vector3<float>::Min(copy.upperBound, other.upperBound);
+        const Vector3f lower = Vector3f::Max(copy.lowerBound, other.lowerBound);
+        const Vector3f upper = Vector3f::Min(copy.upperBound, other.upperBound);
         result = AxisAlignedBox();
         if (lower.x > upper.x || lower.y > upper.y || lower.z > upper.z) {
             return false;
@@ -76,14 +76,13 @@ struct AxisAlignedBox
     /// the ray's direction. From inside the box it is negative, to the face by which the ray came in.
     bool raycast(const Ray& ray, float& distance) const
     {
-        const TAL::Vector3<float> inverse(1.0f / ray.direction.x, 1.0f / ray.direction.y,
-                                          1.0f / ray.direction.z);
-        const TAL::Vector3<float> t1((lowerBound.x - ray.origin.x) * inverse.x,
-                                     (lowerBound.y - ray.origin.y) * inverse.y,
-                                     (lowerBound.z - ray.origin.z) * inverse.z);
-        const TAL::Vector3<float> t2((upperBound.x - ray.origin.x) * inverse.x,
-                                     (upperBound.y - ray.origin.y) * inverse.y,
-                                     (upperBound.z - ray.origin.z) * inverse.z);
+        const Vector3f inverse(1.0f / ray.direction.x, 1.0f / ray.direction.y, 1.0f / ray.direction.z);
+        const Vector3f t1((lowerBound.x - ray.origin.x) * inverse.x,
+                          (lowerBound.y - ray.origin.y) * inverse.y,
+                          (lowerBound.z - ray.origin.z) * inverse.z);
+        const Vector3f t2((upperBound.x - ray.origin.x) * inverse.x,
+                          (upperBound.y - ray.origin.y) * inverse.y,
+                          (upperBound.z - ray.origin.z) * inverse.z);
         // A ray that lies in the plane of a face has a NaN here (0 times infinity). The operand order
         // settles what becomes of it.
         const float tMin =
@@ -102,9 +101,9 @@ struct AxisAlignedBox
     }
 
     /// The face nearest to a point inside, the face of greatest excess for a point outside.
-    BoxSide closestBoxSide(const TAL::Vector3<float>& point) const
+    BoxSide closestBoxSide(const Vector3f& point) const
     {
-        const TAL::Vector3<float> d = point - centroid;
+        const Vector3f d = point - centroid;
         const float distances[] = {-d.x - halfSize.x, d.x - halfSize.x,  -d.y - halfSize.y,
                                    d.y - halfSize.y,  -d.z - halfSize.z, d.z - halfSize.z};
         int closest = 0;
@@ -118,31 +117,31 @@ struct AxisAlignedBox
     }
 
     /// The outward normal of closestBoxSide().
-    TAL::Vector3<float> closestSurfaceNormal(const TAL::Vector3<float>& point) const
+    Vector3f closestSurfaceNormal(const Vector3f& point) const
     {
         switch (closestBoxSide(point)) {
         case BoxSide::NegativeX:
-            return TAL::Vector3<float>(-1.0f, 0.0f, 0.0f);
+            return Vector3f(-1.0f, 0.0f, 0.0f);
         case BoxSide::PositiveX:
-            return TAL::Vector3<float>(1.0f, 0.0f, 0.0f);
+            return Vector3f(1.0f, 0.0f, 0.0f);
         case BoxSide::NegativeY:
-            return TAL::Vector3<float>(0.0f, -1.0f, 0.0f);
+            return Vector3f(0.0f, -1.0f, 0.0f);
         case BoxSide::PositiveY:
-            return TAL::Vector3<float>(0.0f, 1.0f, 0.0f);
+            return Vector3f(0.0f, 1.0f, 0.0f);
         case BoxSide::NegativeZ:
-            return TAL::Vector3<float>(0.0f, 0.0f, -1.0f);
+            return Vector3f(0.0f, 0.0f, -1.0f);
         case BoxSide::PositiveZ:
-            return TAL::Vector3<float>(0.0f, 0.0f, 1.0f);
+            return Vector3f(0.0f, 0.0f, 1.0f);
         }
-        return TAL::Vector3<float>::Zero();
+        return Vector3f::Zero();
     }
 
     /// A point inside goes to its nearest face.
-    TAL::Vector3<float> closestPointOnSurface(const TAL::Vector3<float>& point) const
+    Vector3f closestPointOnSurface(const Vector3f& point) const
     {
-        TAL::Vector3<float> clamped(std::min(std::max(point.x, lowerBound.x), upperBound.x),
-                                    std::min(std::max(point.y, lowerBound.y), upperBound.y),
-                                    std::min(std::max(point.z, lowerBound.z), upperBound.z));
+        Vector3f clamped(std::min(std::max(point.x, lowerBound.x), upperBound.x),
+                         std::min(std::max(point.y, lowerBound.y), upperBound.y),
+                         std::min(std::max(point.z, lowerBound.z), upperBound.z));
         if (!isWithinVolume(point)) {
             return clamped;
         }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/Math.h"
 #include "math/Ray.h"
-#include "math/Vector3.h"
 
 #include <cmath>
 
@@ -15,32 +15,29 @@ namespace velk::math
 /// that the normal points to.
 struct Plane
 {
-    TAL::Vector3<float> normal;
+    Vector3f normal;
     float distance = 0.0f;
 
     Plane() = default;
 
-    Plane(const TAL::Vector3<float>& inNormal, float inDistance)
+    Plane(const Vector3f& inNormal, float inDistance)
         : normal(inNormal.Normalized())
         , distance(inDistance)
     {
     }
 
     /// The plane through `point`.
-    Plane(const TAL::Vector3<float>& point, const TAL::Vector3<float>& inNormal)
+    Plane(const Vector3f& point, const Vector3f& inNormal)
         : Plane(inNormal, -point.Dot(inNormal.Normalized()))
     {
     }
 
-    TAL::Vector3<float> getNormal() const { return normal; }
+    Vector3f getNormal() const { return normal; }
 
     /// Positive in front.
-    float getSignedDistanceToPlane(const TAL::Vector3<float>& point) const
-    {
-        return normal.Dot(point) + distance;
-    }
+    float getSignedDistanceToPlane(const Vector3f& point) const { return normal.Dot(point) + distance; }
 
-    TAL::Vector3<float> getClosestPointOnSurface(TAL::Vector3<float> point) const
+    Vector3f getClosestPointOnSurface(Vector3f point) const
     {
         return point - normal * getSignedDistanceToPlane(point);
     }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::math
 {
@@ -11,8 +11,8 @@ namespace velk::math
 /// the test: Plane::raycast normalises, AxisAlignedBox::raycast measures in lengths of the direction.
 struct Ray
 {
-    TAL::Vector3<float> origin;
-    TAL::Vector3<float> direction;
+    Vector3f origin;
+    Vector3f direction;
 };
 
 } // namespace velk::math

@@ -2,50 +2,49 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Quat.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 /// The arithmetic that the smoothing filters need, spelled alike for positions and for rotations. The
 /// difference and the scaling of rotations go through the rotation vector.
 namespace TALF
 {
 
-inline TAL::Vector3<float> scale(const TAL::Vector3<float>& v, float s)
+inline TAL::Vector3f scale(const TAL::Vector3f& v, float s)
 {
     return v * s;
 }
 
-inline TAL::Quat<float> scale(const TAL::Quat<float>& v, float s)
+inline TAL::Quatf scale(const TAL::Quatf& v, float s)
 {
-    return TAL::Quat<float>::FromRotationVector(v.ToRotationVector() * s);
+    return TAL::Quatf::FromRotationVector(v.ToRotationVector() * s);
 }
 
-inline TAL::Vector3<float> diff(const TAL::Vector3<float>& a, const TAL::Vector3<float>& b)
+inline TAL::Vector3f diff(const TAL::Vector3f& a, const TAL::Vector3f& b)
 {
     return a - b;
 }
 
-inline TAL::Quat<float> diff(const TAL::Quat<float>& a, const TAL::Quat<float>& b)
+inline TAL::Quatf diff(const TAL::Quatf& a, const TAL::Quatf& b)
 {
     return a * b.Inverted();
 }
 
-inline float mag(const TAL::Vector3<float>& v)
+inline float mag(const TAL::Vector3f& v)
 {
     return v.Length();
 }
 
-inline float mag(const TAL::Quat<float>& v)
+inline float mag(const TAL::Quatf& v)
 {
     return v.Angle();
 }
 
-inline TAL::Vector3<float> lerp(const TAL::Vector3<float>& a, const TAL::Vector3<float>& b, float t)
+inline TAL::Vector3f lerp(const TAL::Vector3f& a, const TAL::Vector3f& b, float t)
 {
     return a + (b - a) * t;
 }
 
-inline TAL::Quat<float> lerp(const TAL::Quat<float>& a, const TAL::Quat<float>& b, float t)
+inline TAL::Quatf lerp(const TAL::Quatf& a, const TAL::Quatf& b, float t)
 {
     return a.Slerp(b, t);
 }

@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
@@ -11,6 +12,9 @@
 
 using namespace velk::interaction::grab;
 using enum HandFinger;
+using velk::Posef;
+using velk::Quatf;
+using velk::Vector3f;
 using velk::data::HandPalmData;
 
 namespace
@@ -22,13 +26,13 @@ HandPalmData handBentBy(float atMid, float atDistal, float atKnuckle)
     const float bends[] = {0.0f, atMid, atDistal, 0.0f};
     HandPalmData hand;
     for (const JointList& chain : joint_tables::CURL_ANGLE_JOINTS) {
-        TAL::Vector3<float> end;
+        Vector3f end;
         float heading = 0.0f;
         for (std::size_t i = 0; i < 4; ++i) {
-            const TAL::Vector3<float> turn(0.0f, 0.0f, -atKnuckle / kDegreesPerRadian);
-            hand.jointPoses[toIndex(chain.joints()[i])] = {TAL::Quat<float>::FromRotationVector(turn), end};
+            const Vector3f turn(0.0f, 0.0f, -atKnuckle / kDegreesPerRadian);
+            hand.jointPoses[toIndex(chain.joints()[i])] = {Quatf::FromRotationVector(turn), end};
             heading -= bends[i] / kDegreesPerRadian;
-            end += TAL::Vector3<float>(std::cos(heading), std::sin(heading), 0.0f) * 0.03f;
+            end += Vector3f(std::cos(heading), std::sin(heading), 0.0f) * 0.03f;
         }
     }
     return hand;
@@ -46,7 +50,7 @@ TEST(FingerShapes, CurlIsTheMeanBendOnTheSideThatTheJointsLocalZDecides)
     hand.jointPoses[toIndex(HandJointId::IndexMid)].rotation = {1.0f, 0.0f, 0.0f, 0.0f}; // Z turned about
     EXPECT_NEAR(shapes.GetCurlValue(Index, hand.jointPoses), (100.0f + 220.0f) / 2.0f, 1e-3f);
     EXPECT_EQ(shapes.JointsCurlValue({HandJointId::IndexMid}, hand.jointPoses), 0.0f);
-    const TAL::Pose<float> end({}, {0.03f, 0.0f, 0.0f}); // folded back onto itself
+    const Posef end({}, {0.03f, 0.0f, 0.0f}); // folded back onto itself
     EXPECT_EQ(shapes.PosesCurlValue(end, {}, end), 0.0f);
     EXPECT_NEAR(GetVectorSignedAngle(Up, Up * -1.0f, Forward), 180.0f, 1e-3f); // no side to count
 }

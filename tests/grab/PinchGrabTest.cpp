@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
@@ -9,14 +10,14 @@
 #include <cmath>
 #include <limits>
 
+using velk::Vector3f;
 using namespace velk::interaction::grab;
 using enum HandJointId;
-using Vector3 = TAL::Vector3<float>;
 
 namespace
 {
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr Vector3 kView(0.0f, 0.0f, 1.0f);
+constexpr Vector3f kView(0.0f, 0.0f, 1.0f);
 } // namespace
 
 /// A hand whose thumb lies along X, its tip at the origin and its joints 3 cm apart. The index finger lies
@@ -34,7 +35,7 @@ protected:
         joint(IndexMid) = {-0.01f, 0.5f, 0.02f};
         joint(IndexDistal) = {-0.005f, 0.5f, -0.01f};
     }
-    Vector3& joint(HandJointId id) { return hand.jointPositions[toIndex(id)]; }
+    Vector3f& joint(HandJointId id) { return hand.jointPositions[toIndex(id)]; }
     bool update(bool goodView)
     {
         api.update(&hand, &kView, goodView ? &kView : nullptr);
@@ -101,7 +102,7 @@ TEST_F(PinchTest, ViewIsGoodUpTo40Degrees)
     for (const auto& [degrees, good] :
          {std::pair{39.0f, true}, {40.0f, true}, {41.0f, false}, {kNaN, true}}) {
         const float angle = degrees / kDegreesPerRadian;
-        const Vector3 head(std::sin(angle), 0.0f, std::cos(angle));
+        const Vector3f head(std::sin(angle), 0.0f, std::cos(angle));
         api.update(&hand, &kView, &head);
         EXPECT_EQ(api.DistanceStart(), good ? 0.016f : 0.02f) << degrees;
     }
@@ -158,8 +159,8 @@ TEST_F(PinchTest, ThumbTipMustBeNearThePlaneOfABentIndexFingerButNotInIt)
 TEST_F(PinchTest, BonesAlignedWithTheThumbDoNotCount)
 {
     update(true);
-    const auto measure = [&](Vector3 direction, float limit) {
-        const Vector3 start(-0.02f, 0.49f, 0.04f);
+    const auto measure = [&](Vector3f direction, float limit) {
+        const Vector3f start(-0.02f, 0.49f, 0.04f);
         return api.getClosestDistanceToJoints(start, start + direction, {IndexProximal, IndexMid}, limit);
     };
     EXPECT_EQ(measure({1.0f, 0.0f, 0.0f}, 0.0f), PositiveInfinity); // square to it: equal to the limit
@@ -173,9 +174,9 @@ TEST_F(PinchTest, AThumbLaidAlongTheIndexFingerBy60DegreesDoesNotPinchIt)
 {
     for (const auto& [degrees, pinches] : {std::pair{55.0f, false}, {65.0f, true}, {75.0f, true}}) {
         const float angle = degrees / kDegreesPerRadian;
-        const Vector3 half = Vector3(std::sin(angle), 0.0f, -std::cos(angle)) * 0.02f;
-        joint(ThumbDistal) = Vector3(-0.01f, 0.49f, 0.035f) - half;
-        joint(ThumbTip) = Vector3(-0.01f, 0.49f, 0.035f) + half;
+        const Vector3f half = Vector3f(std::sin(angle), 0.0f, -std::cos(angle)) * 0.02f;
+        joint(ThumbDistal) = Vector3f(-0.01f, 0.49f, 0.035f) - half;
+        joint(ThumbTip) = Vector3f(-0.01f, 0.49f, 0.035f) + half;
         api = FingerPinchGrabAPI();
         update(true);
         EXPECT_EQ(api.getFingerIsGrabbing(HandFinger::Thumb), pinches) << degrees;
@@ -194,7 +195,7 @@ TEST_F(PinchTest, AnyChainOfJointsCanBeMeasured)
 
 TEST_F(PinchTest, JointsThatDoNotExistHaveNoPosition)
 {
-    Vector3 out(7.0f, 0.0f, 0.0f);
+    Vector3f out(7.0f, 0.0f, 0.0f);
     EXPECT_EQ(api.getFingerTipPos(static_cast<HandJointId>(5)).LengthSq(), 0.0f); // a joint, no finger
     for (const auto none : {static_cast<HandJointId>(-1), static_cast<HandJointId>(24)}) {
         EXPECT_FALSE(api.getJointPosFromWrist(none, out));
@@ -219,7 +220,7 @@ TEST(PinchGeometry, DegenerateSegmentsMeasureFromTheirEnd)
 {
     const auto toSegment = FingerPinchGrabAPI::distancePointToSegment;
     const auto between = FingerPinchGrabAPI::distanceSegmentToSegment;
-    const Vector3 end(4.0f, 0.0f, 0.0f);
+    const Vector3f end(4.0f, 0.0f, 0.0f);
     EXPECT_EQ(toSegment({-3.0f, 4.0f, 0.0f}, {}, end), 5.0f);
     EXPECT_EQ(toSegment({1.0f, 4.0f, 0.0f}, {}, end), 4.0f);
     EXPECT_EQ(toSegment({4.0f, 3.0f, 0.0f}, end, end), 3.0f);

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "examples/openxr_joints.h"
+#include "math/Aliases.h"
 #include "tests/support/RecordedHand.h"
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
@@ -11,6 +12,8 @@
 #include <map>
 
 using namespace velk::interaction::grab;
+using velk::Posef;
+using velk::Vector3f;
 using velk::tests::readRecording;
 using velk::tests::RecordedHand;
 
@@ -24,7 +27,7 @@ struct Grips
 
     void update(const RecordedHand& row, bool goodView)
     {
-        constexpr TAL::Vector3<float> view(0.0f, 0.0f, 1.0f);
+        constexpr Vector3f view(0.0f, 0.0f, 1.0f);
         velk::data::HandPalmData poses;
         velk::data::HandPinchData positions;
         for (std::size_t i = 0; i < poses.jointPoses.size(); ++i) {
@@ -125,7 +128,7 @@ TEST(OpenXrJoints, CapturesComeOutAsTheirRecords)
             openxr_toPalmData(joints, hand == std::string("right"), &palm);
             for (std::size_t i = 0; i < VELK_HAND_JOINT_COUNT; ++i) {
                 const auto& [q, p] = palm.jointPoses[i];
-                const TAL::Pose<float>& record = records[row].poses[i + 1]; // rounded to 0.1 mm
+                const Posef& record = records[row].poses[i + 1]; // rounded to 0.1 mm
                 EXPECT_LT(record.translation.Distance({p.x, p.y, p.z}), 1e-4f) << records[row].label << i;
                 EXPECT_GT(std::fabs(record.rotation.Dot({q.x, q.y, q.z, q.w})), 0.99999f) << i;
             }

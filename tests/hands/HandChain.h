@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "velk_core/data_sources/hand/ExternalHandSource.h"
 
 #include <gtest/gtest.h>
@@ -12,13 +13,10 @@ namespace velk::data_source
 {
 
 using data::HandData;
-using Vector = TAL::Vector3<float>;
-using Pose = TAL::Pose<float>;
-using Quat = TAL::Quat<float>;
 using Result = IDataSource<HandData>::UpdateDataResult;
 
 /// A hand of one joint, turned like the root, which is at (x, 0, 0).
-inline HandData handAt(float x, Quat rotation = {})
+inline HandData handAt(float x, Quatf rotation = {})
 {
     HandData hand(1);
     hand.rootPose = {rotation, {x, 0.0f, 0.0f}};

@@ -57,13 +57,13 @@ struct NaiveFilter
             isRotation ? 2.0 * std::acos(std::min(1.0, std::fabs(speed->w))) : speed->Length();
         return *(last = blend(*last, value, gain(minCutoff + beta * size)));
     }
-    double errorAfter(const Quat& in, const Quat& out)
+    double errorAfter(const Quatf& in, const Quatf& out)
     {
         return (next({in.x, in.y, in.z, in.w}) + Value(out.x, out.y, out.z, out.w) * -1.0).Length();
     }
-    double errorAfter(const Vector& in, const Vector& out)
+    double errorAfter(const Vector3f& in, const Vector3f& out)
     {
-        return errorAfter(Quat(in.x, in.y, in.z, 0.0f), Quat(out.x, out.y, out.z, 0.0f));
+        return errorAfter(Quatf(in.x, in.y, in.z, 0.0f), Quatf(out.x, out.y, out.z, 0.0f));
     }
 };
 
@@ -149,7 +149,7 @@ TEST(OneEuroHandFilter, TakesFloatsForItsTenIdsOnly)
 
 TEST(OneEuroHandFilter, GoesOnAfterAFrozenStretchAsIfItHadNotBeen)
 {
-    const HandData turned = handAt(0.0f, Quat::FromRotationVector({0.0f, 0.5f, 0.0f}).Normalized());
+    const HandData turned = handAt(0.0f, Quatf::FromRotationVector({0.0f, 0.5f, 0.0f}).Normalized());
     Chain frozen(1);
     Chain straight(1);
     frozen.feed(0.0f);
@@ -168,8 +168,8 @@ TEST(OneEuroHandFilter, GoesOnAfterAFrozenStretchAsIfItHadNotBeen)
 // An infinite component alone becomes NaN by the normalisation, the others 0.
 TEST(OneEuroHandFilter, PassesARotationWithOneInfiniteComponentOnAndForgetsIt)
 {
-    for (const Quat& broken : {Quat(kInfinity, 0.0f, 0.0f, 0.0f), Quat(0.0f, kInfinity, 0.0f, 0.0f),
-                               Quat(0.0f, 0.0f, kInfinity, 0.0f), Quat(0.0f, 0.0f, 0.0f, kInfinity)}) {
+    for (const Quatf& broken : {Quatf(kInfinity, 0.0f, 0.0f, 0.0f), Quatf(0.0f, kInfinity, 0.0f, 0.0f),
+                                Quatf(0.0f, 0.0f, kInfinity, 0.0f), Quatf(0.0f, 0.0f, 0.0f, kInfinity)}) {
         Chain chain(1);
         chain.feed(handAt(0.0f));
         chain.feed(handAt(0.0f, broken));

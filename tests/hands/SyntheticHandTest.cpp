@@ -12,7 +12,7 @@ namespace
 
 using Mode = SyntheticHand::WristLockMode;
 
-const Quat kQuarter = Quat::FromRotationVector({0.0f, 1.5707964f, 0.0f});
+const Quatf kQuarter = Quatf::FromRotationVector({0.0f, 1.5707964f, 0.0f});
 
 // Feeds a hand at an x, not turned, on a clock that the test moves. The four transitions are linear and take
 // 1, 2, 4 and 8 seconds.
@@ -29,7 +29,7 @@ struct SyntheticHandTest : testing::Test
         return {[](float t) { return t; }, duration, clock};
     }
     /// The wrist that is shown after some more seconds.
-    Pose after(float seconds, float x = 0.0f)
+    Posef after(float seconds, float x = 0.0f)
     {
         now += seconds;
         return chain.feed(handAt(x)).rootPose;
@@ -38,9 +38,9 @@ struct SyntheticHandTest : testing::Test
     {
         hand.lockWristPose({kQuarter, {x, 0.0f, 0.0f}}, factor, Mode::PositionAndRotation, skip);
     }
-    void expectTurn(const Quat& rotation, float share)
+    void expectTurn(const Quatf& rotation, float share)
     {
-        EXPECT_NEAR(rotation.Dot(Quat().Lerp(kQuarter, share)), 1.0f, 1e-6f);
+        EXPECT_NEAR(rotation.Dot(Quatf().Lerp(kQuarter, share)), 1.0f, 1e-6f);
     }
 };
 

@@ -48,18 +48,18 @@ TEST(Functions, PortableFusedMultiplyAddHasTheBitsOfTheNative)
 
 TEST(Vector3, DivisionMultipliesByTheReciprocalAndNormalizedHasNoEpsilon)
 {
-    Vec v = axis(0) * 3.0f;
+    Vector3f v = axis(0) * 3.0f;
     v /= 7.0f;
     EXPECT_TRUE(isNear(v, axis(0) * (3.0f * (1.0f / 7.0f)))); // one bit from 3 / 7
-    EXPECT_TRUE(isNear(Vec(0.0f, -1e-15f, 0.0f).Normalized(), -axis(1), kRounding));
+    EXPECT_TRUE(isNear(Vector3f(0.0f, -1e-15f, 0.0f).Normalized(), -axis(1), kRounding));
     // The square underflows, so the length is exactly 0 and so is the multiplier.
-    EXPECT_TRUE(isNear(Vec(1e-30f, 0.0f, 0.0f).Normalized(), Vec::ZERO));
-    EXPECT_TRUE(std::isnan(Vec(kNaN, 1.0f, 1.0f).Normalized().y));
+    EXPECT_TRUE(isNear(Vector3f(1e-30f, 0.0f, 0.0f).Normalized(), Vector3f::ZERO));
+    EXPECT_TRUE(std::isnan(Vector3f(kNaN, 1.0f, 1.0f).Normalized().y));
 }
 
 TEST(Vector3, EqualityIsInclusiveOnEachAxisAndNeverHoldsForNaN)
 {
-    const Vec a(1.0f, 2.0f, 3.0f);
+    const Vector3f a(1.0f, 2.0f, 3.0f);
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(a.IsEqual(a + axis(i) * 0.25f, 0.25f) && a.IsEqual(a - axis(i) * 0.25f, 0.25f));
         EXPECT_FALSE(a.IsEqual(a + axis(i) * 0.2501f, 0.25f) || a.IsEqual(a - axis(i) * kNaN, 0.25f));
@@ -68,9 +68,9 @@ TEST(Vector3, EqualityIsInclusiveOnEachAxisAndNeverHoldsForNaN)
 
 TEST(Vector3, MinAndMaxYieldTheSecondOperandOnTiesAndNaN)
 {
-    const Vec a(1.0f, kNaN, -0.0f);
-    const Vec b(kNaN, 2.0f, 0.0f);
-    for (const Vec& v : {Vec::Min(a, b), Vec::Max(a, b)}) {
+    const Vector3f a(1.0f, kNaN, -0.0f);
+    const Vector3f b(kNaN, 2.0f, 0.0f);
+    for (const Vector3f& v : {Vector3f::Min(a, b), Vector3f::Max(a, b)}) {
         EXPECT_TRUE(std::isnan(v.x) && v.y == 2.0f && !std::signbit(v.z));
     }
 }

@@ -12,16 +12,16 @@ namespace velk::test
 
 using namespace math;
 
-static const AxisAlignedBox kCube(Vec::ZERO, Vec(2.0f, 2.0f, 2.0f));
+static const AxisAlignedBox kCube(Vector3f::ZERO, Vector3f(2.0f, 2.0f, 2.0f));
 
 TEST(Plane, HitsFromBothSidesAndMissesParallelRaysBelowTheToleranceOnly)
 {
-    const Plane plane(Vec::ZERO, axis(2));
+    const Plane plane(Vector3f::ZERO, axis(2));
     const float tolerance = TAL::Math<float>::Tolerance(); // the length of (1, 0, tolerance) rounds to 1
     float distance = 7.0f;
-    EXPECT_FALSE(plane.raycast(Ray{axis(2), Vec(1.0f, 0.0f, -0.999f * tolerance)}, distance) ||
+    EXPECT_FALSE(plane.raycast(Ray{axis(2), Vector3f(1.0f, 0.0f, -0.999f * tolerance)}, distance) ||
                  distance != 0.0f);
-    EXPECT_TRUE(plane.raycast(Ray{axis(2), Vec(1.0f, 0.0f, -tolerance)}, distance));
+    EXPECT_TRUE(plane.raycast(Ray{axis(2), Vector3f(1.0f, 0.0f, -tolerance)}, distance));
     EXPECT_TRUE(plane.raycast(Ray{axis(2) * -3.0f, axis(2) * 2.0f}, distance) && distance == 3.0f);
 }
 
@@ -29,25 +29,25 @@ TEST(Plane, HitsFromBothSidesAndMissesParallelRaysBelowTheToleranceOnly)
 TEST(AxisAlignedBox, ClosestPointIsOnTheNearestFace)
 {
     for (int i = 0; i < 343; ++i) {
-        const Vec point(static_cast<float>(i % 7 - 3) * 0.61f, static_cast<float>(i / 7 % 7 - 3) * 0.62f,
-                        static_cast<float>(i / 49 % 7 - 3) * 0.63f);
-        const Vec over(std::fabs(point.x) - 1.0f, std::fabs(point.y) - 1.0f, std::fabs(point.z) - 1.0f);
+        const Vector3f point(static_cast<float>(i % 7 - 3) * 0.61f, static_cast<float>(i / 7 % 7 - 3) * 0.62f,
+                             static_cast<float>(i / 49 % 7 - 3) * 0.63f);
+        const Vector3f over(std::fabs(point.x) - 1.0f, std::fabs(point.y) - 1.0f, std::fabs(point.z) - 1.0f);
         const float depth = -std::max({over.x, over.y, over.z});
-        const float expected = depth > 0.0f ? depth : Vec::Max(over, Vec::ZERO).Length();
+        const float expected = depth > 0.0f ? depth : Vector3f::Max(over, Vector3f::ZERO).Length();
         EXPECT_NEAR(kCube.closestPointOnSurface(point).Distance(point), expected, kRounding);
     }
 }
 
 TEST(AxisAlignedBox, EveryFaceIsHitFromOutsideAndInside)
 {
-    EXPECT_TRUE(isNear(kCube.closestSurfaceNormal(Vec(-0.9f, 0.9f, 0.0f)), axis(1))); // a tie
-    EXPECT_TRUE(isNear(kCube.closestSurfaceNormal(Vec(0.9f, kNaN, -0.1f)), -axis(2)));
+    EXPECT_TRUE(isNear(kCube.closestSurfaceNormal(Vector3f(-0.9f, 0.9f, 0.0f)), axis(1))); // a tie
+    EXPECT_TRUE(isNear(kCube.closestSurfaceNormal(Vector3f(0.9f, kNaN, -0.1f)), -axis(2)));
     for (int a = 0; a < 3; ++a) {
-        for (const Vec& out : {axis(a), -axis(a)}) {
+        for (const Vector3f& out : {axis(a), -axis(a)}) {
             float distance = 0.0f;
             // In lengths of the direction; from inside, to the entry behind the origin.
             EXPECT_TRUE(kCube.raycast(Ray{out * 5.0f, out * -2.0f}, distance) && distance == 2.0f);
-            EXPECT_TRUE(kCube.raycast(Ray{Vec::ZERO, out}, distance) && distance == -1.0f);
+            EXPECT_TRUE(kCube.raycast(Ray{Vector3f::ZERO, out}, distance) && distance == -1.0f);
             EXPECT_FALSE(kCube.raycast(Ray{out * 5.0f, out}, distance)); // behind
             EXPECT_FALSE(kCube.raycast(Ray{out * 5.0f + axis((a + 1) % 3) * 1.1f, -out}, distance));
             EXPECT_TRUE(isNear(kCube.closestSurfaceNormal(out * 0.9f), out));
@@ -61,7 +61,7 @@ TEST(AxisAlignedBox, EveryFaceIsHitFromOutsideAndInside)
 TEST(AxisAlignedBox, RayWithinAFaceFollowsTheOperandOrder)
 {
     for (int a = 0; a < 3; ++a) {
-        const Vec along = axis((a + 1) % 3);
+        const Vector3f along = axis((a + 1) % 3);
         float distance = 0.0f;
         EXPECT_FALSE(kCube.raycast(Ray{axis(a) - along * 5.0f, along}, distance));
         EXPECT_TRUE(kCube.raycast(Ray{-axis(a) - along * 5.0f, along}, distance));

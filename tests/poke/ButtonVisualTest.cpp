@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "tests/support/PokeScene.h"
 #include "velk_core/interaction/poke/visuals/PokeButtonVisual.h"
 
@@ -17,7 +18,7 @@ struct ButtonVisual : PokeScene
         return extent();
     }
 
-    Pose base{TAL::Quat<float>::FromRotationVector({0, 1.5707964f, 0}), units(100, 0, 0)}; // +z turned to +x
+    Posef base{Quatf::FromRotationVector({0, 1.5707964f, 0}), units(100, 0, 0)}; // +z turned to +x
     interaction::PokeButtonVisual visual{add().interactable, base, 20 * kUnit};
 };
 
@@ -28,7 +29,7 @@ TEST_F(ButtonVisual, TheCapStaysUnderTheLowestFinger)
          {std::pair<float, float>{30, 20}, {20, 20}, {10, 10}, {-30, 0}, {5, 5}, {500, 20}}) {
         EXPECT_EQ(extentWith(finger, height), wanted) << height;
     }
-    const Pose cap = visual.getCurrentPose();
+    const Posef cap = visual.getCurrentPose();
     EXPECT_NEAR(cap.translation.x, 120 * kUnit, 1e-6f); // rounding of the turn
     EXPECT_EQ(cap.rotation.y, base.rotation.y);
 }

@@ -117,7 +117,7 @@ TEST_F(PokeHover, TheTouchPointIsUnderTheFinger)
     EXPECT_PLAYS(finger, "7,20:HM@7 -53,20:M@-53");
     EXPECT_EQ(finger->getClosestPoint().x, -50 * kUnit); // of the patch
     EXPECT_EQ(finger->getTouchPoint().z, 4 * kUnit);
-    const Vector lower = units(53, 0, 0); // 3 beside the edge, 4 under the patch, in from the skin by 4
+    const Vector3f lower = units(53, 0, 0); // 3 beside the edge, 4 under the patch, in from the skin by 4
     EXPECT_EQ(interaction::poke_geometry::computeDistanceFrom(*buttons.at("").interactable, lower, 4 * kUnit),
               kUnit);
     EXPECT_EQ(finger->getTouchNormal().z, 1);

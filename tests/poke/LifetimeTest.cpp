@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "tests/support/PokeScene.h"
 #include "velk_core/core/IPosition.h"
 #include "velk_core/utility/SlotTable.h"
@@ -39,7 +40,7 @@ TEST_F(PokeLifetime, APendingPressGoesWithItsInteractable)
 {
     for (const bool destroyed : {false, true}) {
         add("1");
-        add("2", {TAL::Quat<float>::FromRotationVector({0, -1.5707964f, 0}), units(100, 0, 20)});
+        add("2", {Quatf::FromRotationVector({0, -1.5707964f, 0}), units(100, 0, 20)});
         EXPECT_PLAYS(finger, "0,-1:1H(1S1M 110,30:)1s1h2H2M");
         if (destroyed) {
             buttons.erase("2");
@@ -88,7 +89,7 @@ TEST_F(PokeLifetime, TheFirstSweepStartsAtTheOrigin)
 {
     struct Source : input::IPosition
     {
-        Vector getPosition() const override { return units(0, 0, height); }
+        Vector3f getPosition() const override { return units(0, 0, height); }
         float height = -80;
     };
     const auto source = std::make_shared<Source>();
@@ -105,7 +106,7 @@ TEST_F(PokeLifetime, TheFirstSweepStartsAtTheOrigin)
 TEST_F(PokeLifetime, NothingBetweenIsPressedByTheRecipes)
 {
     addAt("1", 0, -50);
-    add("2", {TAL::Quat<float>::FromRotationVector({0, -1.5707964f, 0}), units(100, 0, -40)}); // faces -x
+    add("2", {Quatf::FromRotationVector({0, -1.5707964f, 0}), units(100, 0, -40)}); // faces -x
     Finger fresh = makeFinger("");
     EXPECT_PLAYS(fresh, "0,-40:1H1M 0,-60:(1S1M 0,300:)1s1h 200,-40:- 0,-40:1H1M");
     EXPECT_EQ(fresh.at(kNowhere, kNowhere), "1h");

@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "tests/support/PokeScene.h"
 
 namespace velk::test
@@ -57,10 +58,10 @@ TEST_F(PokePress, ASurfacePressesByItsOwnMovement)
 // The same whichever way the scene is turned, in radians, and wherever it stands, in metres.
 TEST_F(PokePress, IsTheSameInEveryFrame)
 {
-    for (const auto& [turn, place] : {std::pair<Vector, Vector>{{1.5f, 0, 0}, {0, 1, 0}},
+    for (const auto& [turn, place] : {std::pair<Vector3f, Vector3f>{{1.5f, 0, 0}, {0, 1, 0}},
                                       {{0, 2.5f, 0}, {0.5f, 0, -2}},
                                       {{0.5f, -1, 2}, {-3, 1.5f, 0.25f}}}) {
-        frame = {TAL::Quat<float>::FromRotationVector(turn), place};
+        frame = {Quatf::FromRotationVector(turn), place};
         park();
         add();
         EXPECT_PLAYS(finger, "49,20:HM 49,-10:(SM 60,-40:M 60,-20:sM 49,-45:SM 49,10:s)M 70,10:h 70,-10:-");

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/ray/RayInteractor.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
 #include "velk_core/select/Selector.h"
@@ -12,30 +13,27 @@ namespace velk::interaction
 namespace
 {
 
-using Vector = TAL::Vector3<float>;
-using Pose = TAL::Pose<float>;
-using Quat = TAL::Quat<float>;
 using Type = PointerEventType;
 
 constexpr float kTolerance = 1e-5f; // a few rounding errors at distances of metres
 
 MATCHER_P3(IsAt, x, y, z, "")
 {
-    return arg.IsEqual(Vector(x, y, z), kTolerance);
+    return arg.IsEqual(Vector3f(x, y, z), kTolerance);
 }
 
 // A pointer event and where it happens; `facing` is the z of where its pose looks.
 MATCHER_P4(IsEvent, type, x, z, facing, "")
 {
-    return arg.type == type && arg.pose.translation.IsEqual(Vector(x, 0.0f, z), kTolerance) &&
-           arg.pose.Rotate({0.0f, 0.0f, -1.0f}).IsEqual(Vector(0.0f, 0.0f, facing), kTolerance);
+    return arg.type == type && arg.pose.translation.IsEqual(Vector3f(x, 0.0f, z), kTolerance) &&
+           arg.pose.Rotate({0.0f, 0.0f, -1.0f}).IsEqual(Vector3f(0.0f, 0.0f, facing), kTolerance);
 }
 
 // A panel of 2 by 2 that faces +z, towards a ray at the origin that looks ahead.
 std::shared_ptr<surface::ISurface> planeAhead(float distance, float x = 0.0f)
 {
-    const Pose pose(Quat(), {x, 0.0f, -distance});
-    return std::make_shared<surface::PointablePlane>(pose, TAL::Vector2<float>(1.0f, 1.0f));
+    const Posef pose(Quatf(), {x, 0.0f, -distance});
+    return std::make_shared<surface::PointablePlane>(pose, Vector2f(1.0f, 1.0f));
 }
 
 // A ray with a selector, and interactables in the order of their making.
@@ -54,9 +52,9 @@ struct RayTest : testing::Test
         panels.back()->subscribeToWhenPointerEventRaised([this](auto& event) { events.push_back(event); });
         return *panels.back();
     }
-    void aim(Vector origin, Vector forward)
+    void aim(Vector3f origin, Vector3f forward)
     {
-        ray->setRayOrigin(Pose(Quat::LookRotation(forward, {0.0f, 1.0f, 0.0f}), origin));
+        ray->setRayOrigin(Posef(Quatf::LookRotation(forward, {0.0f, 1.0f, 0.0f}), origin));
         ray->update();
     }
     // The place of the hovered interactable, or their count.
@@ -104,7 +102,7 @@ TEST_F(RayTest, TakesTheNearestButLeavesTiesToTheOrderOfRegistration)
 TEST_F(RayTest, HitsABoxFromWithinBehindTheOriginAndForgetsItWhenItIsGone)
 {
     add(planeAhead(0.1f));
-    add(std::make_shared<surface::PointableAxisAlignedBox>(Vector(), Vector(2.0f, 2.0f, 2.0f)));
+    add(std::make_shared<surface::PointableAxisAlignedBox>(Vector3f(), Vector3f(2.0f, 2.0f, 2.0f)));
     ray->update();
     EXPECT_EQ(hovered(), 1);
     EXPECT_THAT(ray->getEnd(), IsAt(0.0f, 0.0f, 1.0f));
@@ -142,8 +140,8 @@ TEST_F(RayTest, FallsBackOnTheMagnetismSurfaceNearestToItsTrueSurface)
 
 TEST_F(RayTest, LooksOutOfASlantedSurfaceUprightAsTheRayIs)
 {
-    const Pose slanted(Quat::FromRotationVector({0.0f, 0.7853982f, 0.0f}), {0.0f, 0.0f, -0.5f});
-    add(std::make_shared<surface::PointablePlane>(slanted, TAL::Vector2<float>(1.0f, 1.0f)));
+    const Posef slanted(Quatf::FromRotationVector({0.0f, 0.7853982f, 0.0f}), {0.0f, 0.0f, -0.5f});
+    add(std::make_shared<surface::PointablePlane>(slanted, Vector2f(1.0f, 1.0f)));
     ray->update();
     EXPECT_THAT(events.back().pose.Rotate({0.0f, 1.0f, 0.0f}), IsAt(0.0f, 1.0f, 0.0f));
     EXPECT_THAT(events.back().pose.Rotate({0.0f, 0.0f, -1.0f}), IsAt(0.7071068f, 0.0f, 0.7071068f));
@@ -167,19 +165,19 @@ TEST_F(RayTest, GoesOnPointingAtTheSurfaceSelectedFirstAndStaysSelectedOffIt)
 // Goes half of the way to its target at each tick.
 struct ScriptedMovement : movement::IMovement, movement::IMovementProvider
 {
-    Pose pose;
-    Pose target;
+    Posef pose;
+    Posef target;
 
-    std::unique_ptr<IMovement> createMovement(const Pose& from, const Pose&) override
+    std::unique_ptr<IMovement> createMovement(const Posef& from, const Posef&) override
     {
         pose = from;
         return std::make_unique<ScriptedMovement>(*this);
     }
-    Pose getPose() override { return pose; }
-    Pose getTarget() override { return target; }
+    Posef getPose() override { return pose; }
+    Posef getTarget() override { return target; }
     bool hasArrived() override { return false; }
-    void moveTo(const Pose& to) override { target = to; }
-    void stopAndSetPose(const Pose&) override { pose.translation.x += 8.0f; } // to be seen in the events
+    void moveTo(const Posef& to) override { target = to; }
+    void stopAndSetPose(const Posef&) override { pose.translation.x += 8.0f; } // to be seen in the events
     void tick() override { pose.translation = pose.translation.Lerp(target.translation, 0.5f); }
 };
 
@@ -209,7 +207,7 @@ TEST(RayOrigin, TakesThePoseOfItsOwnSourceAndNoOther)
     ray.setLocalForwardVector({-2.0f, 0.0f, 0.0f}); // taken as it is, not normalised
     ray.update();
     EXPECT_THAT(ray.getEnd(), IsAt(-2.0f, 0.0f, -2.0f));
-    EXPECT_DEATH(ray.setRayOrigin(Pose()), "");
+    EXPECT_DEATH(ray.setRayOrigin(Posef()), "");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "velk_core/interaction/PointerInteractable.h"
 #include "velk_core/interaction/PointerInteractor.h"
 
@@ -152,7 +153,7 @@ protected:
         return wanted;
     }
     FakeInteractor* getInteractorPtr() override { return this; }
-    TAL::Pose<float> computePointerPose() override { return {}; }
+    Posef computePointerPose() override { return {}; }
 
 private:
     void note(const std::string& what)

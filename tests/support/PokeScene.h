@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "tests/support/EventLog.h"
 #include "velk_core/core/TimeProvider.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
@@ -25,32 +26,30 @@ using interaction::PokeInteractor;
 using interaction::surface::BoundsClipper;
 using interaction::surface::ClippedPlaneSurface;
 using interaction::surface::PointablePlane;
-using Pose = TAL::Pose<float>;
-using Vector = TAL::Vector3<float>;
 
 /// Metres, about a millimetre. The lengths of a scene are whole numbers of units, which a float holds
 /// exactly: "at the threshold" means at the threshold.
 constexpr float kUnit = 1.0f / 1024.0f;
 constexpr float kFrame = 0.25f; // seconds
 
-inline Vector units(float x, float y, float z)
+inline Vector3f units(float x, float y, float z)
 {
-    return Vector(x, y, z) * kUnit;
+    return Vector3f(x, y, z) * kUnit;
 }
 
 /// A square patch of 100 units on a plane of its own, facing +z of its pose.
 struct Button
 {
-    explicit Button(const PokeInteractable::Config& config, const Pose& pose = {})
-        : plane(std::make_shared<PointablePlane>(pose, TAL::Vector2<float>(100.0f, 100.0f)))
+    explicit Button(const PokeInteractable::Config& config, const Posef& pose = {})
+        : plane(std::make_shared<PointablePlane>(pose, Vector2f(100.0f, 100.0f)))
         , interactable(std::make_shared<PokeInteractable>(config, clippedTo({}, {}), nullptr))
     {
     }
 
     /// What the squares around both points have in common.
-    std::shared_ptr<ClippedPlaneSurface> clippedTo(Vector one, Vector other) const
+    std::shared_ptr<ClippedPlaneSurface> clippedTo(Vector3f one, Vector3f other) const
     {
-        const Vector size = units(100, 100, 64);
+        const Vector3f size = units(100, 100, 64);
         return std::make_shared<ClippedPlaneSurface>(
             plane, std::vector<BoundsClipper>{{plane, one, size}, {plane, other, size}});
     }
@@ -74,7 +73,7 @@ struct PokeScene : testing::Test
         std::string at(float x, float height)
         {
             scene.now += kFrame;
-            const Vector skin(0, 0, interactor->getRadius());
+            const Vector3f skin(0, 0, interactor->getRadius());
             interactor->setPointPosition(scene.frame.Transform(units(x, 0, height) + skin));
             interactor->update();
             return scene.events.take();
@@ -117,7 +116,7 @@ struct PokeScene : testing::Test
     }
 
     /// Visited in the order of making.
-    Button& add(const std::string& name = "", const Pose& pose = {})
+    Button& add(const std::string& name = "", const Posef& pose = {})
     {
         Button& button = buttons.emplace(name, Button(config, frame * pose)).first->second;
         listen(*button.interactable, name);
@@ -154,7 +153,7 @@ struct PokeScene : testing::Test
     EventLog events; // with ( and ) for a finger that gets past a surface and away from it
     float now = 100; // seconds; each frame takes a quarter of the time that a drag eases
     core::TimeProvider clock{[this] { return now; }};
-    Pose frame; // all of the scene is seen from here
+    Posef frame; // all of the scene is seen from here
     PokeInteractable::Config config;
     // Release at 2 units, equally far within less than 1, radius 4.
     PokeInteractor::Config fingerConfig{2 * kUnit, 0, kUnit, 4 * kUnit};

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-
+#include "math/Aliases.h"
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -18,7 +17,7 @@ namespace velk::tests
 struct RecordedHand
 {
     std::string label;
-    std::vector<TAL::Pose<float>> poses;
+    std::vector<Posef> poses;
 };
 
 inline std::vector<std::string> splitAtCommas(const std::string& line)
@@ -47,8 +46,7 @@ inline std::vector<RecordedHand> readRecording(const std::string& file, const st
         for (std::size_t i = 0; i < columns.size(); ++i) {
             if (columns[i].ends_with("_px")) {
                 const auto n = [&](std::size_t k) { return std::stof(cells.at(i + k)); };
-                row.poses.push_back(
-                    {TAL::Quat<float>(n(3), n(4), n(5), n(6)).Normalized(), {n(0), n(1), n(2)}});
+                row.poses.push_back({Quatf(n(3), n(4), n(5), n(6)).Normalized(), {n(0), n(1), n(2)}});
             }
         }
     }

@@ -40,8 +40,8 @@ TEST(SurfaceFamilies, PartsOfABoxAreSetAloneAndKeepTheOthers)
     using interaction::surface::PointableAxisAlignedBox;
     const auto handle = pointable_axis_aligned_box::create(nullptr, nullptr);
     const auto& box = *pointable_surface::getRawPtr<PointableAxisAlignedBox>(handle);
-    const auto reaches = [&box](Vec lower, Vec upper) {
-        const Vec center = (lower + upper) * 0.5f;
+    const auto reaches = [&box](Vector3f lower, Vector3f upper) {
+        const Vector3f center = (lower + upper) * 0.5f;
         return isNear(box.getLowerBound(), lower) && isNear(box.getUpperBound(), upper) &&
                isNear(box.getSize(), upper - lower) && isNear(box.getCenter(), center) &&
                isNear(box.getPose().translation, center) && isNear(box.getBounds().upperBound, upper);
@@ -51,16 +51,16 @@ TEST(SurfaceFamilies, PartsOfABoxAreSetAloneAndKeepTheOthers)
     const talpVector3f center{1.0f, 1.0f, 1.0f};
     const talpVector3f size{2.0f, 4.0f, 2.0f};
     EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, nullptr, &corner), 0);
-    EXPECT_TRUE(reaches(Vec::ZERO, Vec(3.0f, 0.0f, 3.0f)));
+    EXPECT_TRUE(reaches(Vector3f::ZERO, Vector3f(3.0f, 0.0f, 3.0f)));
     EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, &beyond, nullptr), 0); // not put in order
-    EXPECT_TRUE(reaches(Vec(4.0f, -1.0f, 1.0f), Vec(3.0f, 0.0f, 3.0f)));
+    EXPECT_TRUE(reaches(Vector3f(4.0f, -1.0f, 1.0f), Vector3f(3.0f, 0.0f, 3.0f)));
     EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, &center, nullptr), 0);
-    EXPECT_TRUE(reaches(Vec(1.5f, 0.5f, 0.0f), Vec(0.5f, 1.5f, 2.0f)));
+    EXPECT_TRUE(reaches(Vector3f(1.5f, 0.5f, 0.0f), Vector3f(0.5f, 1.5f, 2.0f)));
     EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, nullptr, &size), 0);
-    EXPECT_TRUE(reaches(Vec(0.0f, -1.0f, 0.0f), Vec(2.0f, 3.0f, 2.0f)));
+    EXPECT_TRUE(reaches(Vector3f(0.0f, -1.0f, 0.0f), Vector3f(2.0f, 3.0f, 2.0f)));
     EXPECT_EQ(pointable_axis_aligned_box::setBounds(handle, nullptr, nullptr), 0);
     EXPECT_EQ(pointable_axis_aligned_box::setCentroidAndSize(handle, nullptr, nullptr), 0);
-    EXPECT_TRUE(reaches(Vec(0.0f, -1.0f, 0.0f), Vec(2.0f, 3.0f, 2.0f)));
+    EXPECT_TRUE(reaches(Vector3f(0.0f, -1.0f, 0.0f), Vector3f(2.0f, 3.0f, 2.0f)));
 }
 
 } // namespace velk::test

@@ -1,28 +1,29 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/SpaceConversions.h"
+#include "math/Aliases.h"
 
 namespace SpaceConversions
 {
 
-TAL::Pose<float> talpToTal(const talpPosef& pose)
+TAL::Posef talpToTal(const talpPosef& pose)
 {
-    return TAL::Pose<float>(talpToTal(pose.orientation), talpToTal(pose.position));
+    return TAL::Posef(talpToTal(pose.orientation), talpToTal(pose.position));
 }
 
-TAL::Quat<float> talpToTal(const talpQuatf& quat)
+TAL::Quatf talpToTal(const talpQuatf& quat)
 {
-    return TAL::Quat<float>(quat.x, quat.y, quat.z, quat.w);
+    return TAL::Quatf(quat.x, quat.y, quat.z, quat.w);
 }
 
-TAL::Vector3<float> talpToTal(const talpVector3f& vector)
+TAL::Vector3f talpToTal(const talpVector3f& vector)
 {
-    return TAL::Vector3<float>(vector.x, vector.y, vector.z);
+    return TAL::Vector3f(vector.x, vector.y, vector.z);
 }
 
-TAL::Vector2<float> talpToTal(const talpVector2f& vector)
+TAL::Vector2f talpToTal(const talpVector2f& vector)
 {
-    return TAL::Vector2<float>(vector.x, vector.y);
+    return TAL::Vector2f(vector.x, vector.y);
 }
 
 float talpToTal(const float& length)
@@ -30,22 +31,22 @@ float talpToTal(const float& length)
     return length;
 }
 
-TAL::Vector3<float> talpToTal_OnlyScale(const talpVector3f& extent)
+TAL::Vector3f talpToTal_OnlyScale(const talpVector3f& extent)
 {
-    return TAL::Vector3<float>(extent.x, extent.y, extent.z);
+    return TAL::Vector3f(extent.x, extent.y, extent.z);
 }
 
-talpPosef talToTalp(const TAL::Pose<float>& pose)
+talpPosef talToTalp(const TAL::Posef& pose)
 {
     return talpPosef{talToTalp(pose.rotation), talToTalp(pose.translation)};
 }
 
-talpQuatf talToTalp(const TAL::Quat<float>& quat)
+talpQuatf talToTalp(const TAL::Quatf& quat)
 {
     return talpQuatf{quat.x, quat.y, quat.z, quat.w};
 }
 
-talpVector3f talToTalp(const TAL::Vector3<float>& vector)
+talpVector3f talToTalp(const TAL::Vector3f& vector)
 {
     return talpVector3f{vector.x, vector.y, vector.z};
 }
@@ -55,7 +56,7 @@ float talToTalp(const float& length)
     return length;
 }
 
-talpVector3f talToTalp_NoScale(const TAL::Vector3<float>& direction)
+talpVector3f talToTalp_NoScale(const TAL::Vector3f& direction)
 {
     return talpVector3f{direction.x, direction.y, direction.z};
 }

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Quat.h"
-#include "math/Vector2.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 
 #include <velk/velk.h>
@@ -16,22 +13,22 @@
 namespace SpaceConversions
 {
 
-TAL::Pose<float> talpToTal(const talpPosef& pose);
-TAL::Quat<float> talpToTal(const talpQuatf& quat);
-TAL::Vector3<float> talpToTal(const talpVector3f& vector);
-TAL::Vector2<float> talpToTal(const talpVector2f& vector);
+TAL::Posef talpToTal(const talpPosef& pose);
+TAL::Quatf talpToTal(const talpQuatf& quat);
+TAL::Vector3f talpToTal(const talpVector3f& vector);
+TAL::Vector2f talpToTal(const talpVector2f& vector);
 float talpToTal(const float& length);
 
 /// For an extent, which has no position and no direction.
-TAL::Vector3<float> talpToTal_OnlyScale(const talpVector3f& extent);
+TAL::Vector3f talpToTal_OnlyScale(const talpVector3f& extent);
 
-talpPosef talToTalp(const TAL::Pose<float>& pose);
-talpQuatf talToTalp(const TAL::Quat<float>& quat);
-talpVector3f talToTalp(const TAL::Vector3<float>& vector);
+talpPosef talToTalp(const TAL::Posef& pose);
+talpQuatf talToTalp(const TAL::Quatf& quat);
+talpVector3f talToTalp(const TAL::Vector3f& vector);
 float talToTalp(const float& length);
 
 /// For a direction, which has no length of its own.
-talpVector3f talToTalp_NoScale(const TAL::Vector3<float>& direction);
+talpVector3f talToTalp_NoScale(const TAL::Vector3f& direction);
 
 velk_SurfaceHit coreToCapi(const velk::interaction::surface::SurfaceHit& hit);
 

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkClippedPlaneSurface.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
@@ -24,7 +25,7 @@ using interaction::surface::PointablePlane;
 VelkSurfacePatchHandle create(const talpPosef* pose, const velk_BoundsClipper* clippers, int count)
 {
     // Half-widths of the plane behind every patch, in the host's units. Only the clippers narrow it.
-    const TAL::Vector2<float> backingSize(100.0f, 100.0f);
+    const Vector2f backingSize(100.0f, 100.0f);
     const auto backing = std::make_shared<PointablePlane>(SpaceConversions::talpToTal(*pose), backingSize);
 
     std::vector<BoundsClipper> boxes;

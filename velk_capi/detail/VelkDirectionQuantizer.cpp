@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkDirectionQuantizer.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
@@ -25,8 +26,7 @@ ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>& getRegistry()
 
 VelkDirectionQuantizerHandle create(const talpVector3f* direction, float middleAngle, float farAngle)
 {
-    const TAL::Vector3<float> reference =
-        direction == nullptr ? TAL::Vector3<float>() : SpaceConversions::talpToTal(*direction);
+    const Vector3f reference = direction == nullptr ? Vector3f() : SpaceConversions::talpToTal(*direction);
     return internal::insert(std::make_shared<DirectionQuantizer>(reference, middleAngle, farAngle));
 }
 

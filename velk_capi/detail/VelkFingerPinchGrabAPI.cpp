@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkFingerPinchGrabAPI.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/GrabDataConversions.h"
 #include "velk_capi/detail/SpaceConversions.h"
@@ -15,7 +16,6 @@ namespace velk::capi::fingerpinchgrab_api
 
 using interaction::grab::FingerPinchGrabAPI;
 using interaction::grab::HandFinger;
-using Vector3 = TAL::Vector3<float>;
 
 namespace internal
 {
@@ -47,8 +47,8 @@ int32_t UpdateData(VelkPinchGrabAPIHandle handle, const velk_HandPinchData* data
     }
     const data::HandPinchData hand = SpaceConversions::capiToCore(*data);
     // An absent direction stays absent: the view then counts as not good.
-    const Vector3 wristDirection = wrist == nullptr ? Vector3() : SpaceConversions::talpToTal(*wrist);
-    const Vector3 hmdDirection = hmd == nullptr ? Vector3() : SpaceConversions::talpToTal(*hmd);
+    const Vector3f wristDirection = wrist == nullptr ? Vector3f() : SpaceConversions::talpToTal(*wrist);
+    const Vector3f hmdDirection = hmd == nullptr ? Vector3f() : SpaceConversions::talpToTal(*hmd);
     api->update(&hand, wrist == nullptr ? nullptr : &wristDirection,
                 hmd == nullptr ? nullptr : &hmdDirection);
     return kSuccess;

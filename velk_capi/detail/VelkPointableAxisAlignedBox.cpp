@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkPointableAxisAlignedBox.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
@@ -14,22 +15,21 @@ namespace velk::capi::pointable_axis_aligned_box
 {
 
 using interaction::surface::PointableAxisAlignedBox;
-using TAL::Vector3;
 
 namespace
 {
 
 constexpr int32_t kNullCentroid = -4;
 
-Vector3<float> valueOrZero(const talpVector3f* vector)
+Vector3f valueOrZero(const talpVector3f* vector)
 {
-    return vector == nullptr ? Vector3<float>::ZERO : SpaceConversions::talpToTal(*vector);
+    return vector == nullptr ? Vector3f::ZERO : SpaceConversions::talpToTal(*vector);
 }
 
-void setOrderedBounds(PointableAxisAlignedBox& box, const Vector3<float>& a, const Vector3<float>& b)
+void setOrderedBounds(PointableAxisAlignedBox& box, const Vector3f& a, const Vector3f& b)
 {
-    box.setBounds(Vector3<float>(std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)),
-                  Vector3<float>(std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)));
+    box.setBounds(Vector3f(std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)),
+                  Vector3f(std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkPointablePlane.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
@@ -16,8 +17,8 @@ using interaction::surface::PointablePlane;
 
 VelkPointableSurfaceHandle create(const talpPosef* pose, const talpVector2f* size)
 {
-    const auto corePose = pose == nullptr ? TAL::Pose<float>::Identity() : SpaceConversions::talpToTal(*pose);
-    const auto coreSize = size == nullptr ? TAL::Vector2<float>::ZERO : SpaceConversions::talpToTal(*size);
+    const auto corePose = pose == nullptr ? Posef::Identity() : SpaceConversions::talpToTal(*pose);
+    const auto coreSize = size == nullptr ? Vector2f::ZERO : SpaceConversions::talpToTal(*size);
     return pointable_surface::insert(std::make_shared<PointablePlane>(corePose, coreSize));
 }
 

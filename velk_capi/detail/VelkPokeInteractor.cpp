@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkPokeInteractor.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/ObjectRegistry.h"
 #include "velk_capi/detail/SpaceConversions.h"
@@ -39,7 +40,7 @@ VelkInteractorHandle create(const velk_PokeInteractorConfig* config)
 int32_t setPointTransform(VelkInteractorHandle interactor, const talpPosef* pose)
 {
     // Read before the handle is looked at, so the pose must be valid in any case.
-    const TAL::Pose<float> pointTransform = SpaceConversions::talpToTal(*pose);
+    const Posef pointTransform = SpaceConversions::talpToTal(*pose);
     auto* target = getRawPointerAs<PokeInteractor>(interactor::getRegistry(), interactor);
     if (target == nullptr) {
         return kFailure;

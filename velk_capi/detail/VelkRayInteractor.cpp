@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkRayInteractor.h"
+#include "math/Aliases.h"
 
 #include "velk_capi/detail/ObjectRegistry.h"
 #include "velk_capi/detail/SpaceConversions.h"
@@ -41,7 +42,7 @@ int32_t setMaxRayLength(VelkInteractorHandle interactor, float length)
 int32_t setPose(VelkInteractorHandle interactor, const talpPosef* pose)
 {
     // Read before the handle is looked at, so the pose must be valid in any case.
-    const TAL::Pose<float> rayOrigin = SpaceConversions::talpToTal(*pose);
+    const Posef rayOrigin = SpaceConversions::talpToTal(*pose);
     RayInteractor* ray = find(interactor);
     if (ray == nullptr) {
         return kFailure;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 
 namespace velk::input
 {
@@ -12,7 +12,7 @@ class IPose
 {
 public:
     virtual ~IPose() = default;
-    virtual TAL::Pose<float> getPose() const = 0;
+    virtual Posef getPose() const = 0;
 };
 
 } // namespace velk::input

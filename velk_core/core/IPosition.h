@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::input
 {
@@ -12,7 +12,7 @@ class IPosition
 {
 public:
     virtual ~IPosition() = default;
-    virtual TAL::Vector3<float> getPosition() const = 0;
+    virtual Vector3f getPosition() const = 0;
 };
 
 } // namespace velk::input

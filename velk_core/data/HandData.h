@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Quat.h"
-
+#include "math/Aliases.h"
 #include <cstddef>
 #include <vector>
 
@@ -16,8 +14,8 @@ struct HandData
 {
     /// All joints and the root at the identity.
     explicit HandData(int numJoints)
-        : joints(static_cast<std::size_t>(numJoints), TAL::Quat<float>::Identity())
-        , rootPose(TAL::Pose<float>::Identity())
+        : joints(static_cast<std::size_t>(numJoints), Quatf::Identity())
+        , rootPose(Posef::Identity())
         , numHandJoints(numJoints)
     {
     }
@@ -25,8 +23,8 @@ struct HandData
     /// The count given at construction, whatever the size of `joints`: per-joint state is sized by it.
     int getNumHandJoints() const { return numHandJoints; }
 
-    std::vector<TAL::Quat<float>> joints;
-    TAL::Pose<float> rootPose;
+    std::vector<Quatf> joints;
+    Posef rootPose;
     int numHandJoints;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandJointId.h"
 
 #include <array>
@@ -15,8 +15,8 @@ namespace velk::data
 /// local Z along the axis that the finger bends about.
 struct HandPalmData
 {
-    std::array<TAL::Pose<float>, interaction::grab::kNumHandJoints> jointPoses;
-    TAL::Pose<float> rootPose;
+    std::array<Posef, interaction::grab::kNumHandJoints> jointPoses;
+    Posef rootPose;
     /// Zero or not; which of them is the left hand is the host's convention.
     int32_t handedness = 0;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandJointId.h"
 
 #include <array>
@@ -13,7 +13,7 @@ namespace velk::data
 /// What the pinch grab measures: the joint positions relative to the wrist, in `HandJointId` order.
 struct HandPinchData
 {
-    std::array<TAL::Vector3<float>, interaction::grab::kNumHandJoints> jointPositions;
+    std::array<Vector3f, interaction::grab::kNumHandJoints> jointPositions;
 };
 
 } // namespace velk::data

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Quat.h"
-#include "math/Vector3.h"
-
+#include "math/Aliases.h"
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -13,7 +11,7 @@ namespace velk::data_source
 {
 
 /// The value of a named setting of a source.
-using AttributeValue = std::variant<int, float, double, std::string, TAL::Vector3<float>, TAL::Quat<float>>;
+using AttributeValue = std::variant<int, float, double, std::string, Vector3f, Quatf>;
 
 /// Something that has a new record of type `T` each frame. Sources chain: a modifier is a source that wraps
 /// another one, and whoever reads the end of the chain sees one record either way.

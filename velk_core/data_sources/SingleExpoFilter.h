@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/TALF.h"
 
 namespace TAL
@@ -12,7 +13,7 @@ struct SingleExpoParams
     float cutoff = 1.0f; // hertz
 };
 
-/// Exponential smoothing with a cutoff frequency, of a `Vector3<float>` or a `Quat<float>`. The first value
+/// Exponential smoothing with a cutoff frequency, of a `Vector3f` or a `Quatf`. The first value
 /// passes as it is.
 template <typename T>
 class SingleExpoFilter

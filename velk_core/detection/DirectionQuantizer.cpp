@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/detection/DirectionQuantizer.h"
+#include "math/Aliases.h"
 
 #include "math/Functions.h"
 
@@ -16,26 +17,23 @@ constexpr float kDegreesPerRadian = 57.29578f;
 
 } // namespace
 
-DirectionQuantizer::DirectionQuantizer(const TAL::Vector3<float>& direction, float middleAngle,
-                                       float farAngle)
+DirectionQuantizer::DirectionQuantizer(const Vector3f& direction, float middleAngle, float farAngle)
     : direction_(direction.Normalized())
 {
     // The first two thresholds look made for a cosine, but an angle is held against them. They stay: every
     // angle that is a number is then at least close.
-    Quantizer<TAL::Vector3<float>, Axis, Alignment>::Thresholds thresholds = {
-        {AxisDirection,
-         {{AlignmentNone, -1.0f},
-          {AlignmentClose, -0.1f},
-          {AlignmentMiddle, middleAngle},
-          {AlignmentFar, farAngle}}}};
-    quantizer_ = std::make_unique<Quantizer<TAL::Vector3<float>, Axis, Alignment>>(
-        std::move(thresholds),
-        [this](const TAL::Vector3<float>& value, std::unordered_map<Axis, float>& deltas) {
+    Quantizer<Vector3f, Axis, Alignment>::Thresholds thresholds = {{AxisDirection,
+                                                                    {{AlignmentNone, -1.0f},
+                                                                     {AlignmentClose, -0.1f},
+                                                                     {AlignmentMiddle, middleAngle},
+                                                                     {AlignmentFar, farAngle}}}};
+    quantizer_ = std::make_unique<Quantizer<Vector3f, Axis, Alignment>>(
+        std::move(thresholds), [this](const Vector3f& value, std::unordered_map<Axis, float>& deltas) {
             return mapDirectionToAngleDegreeDelta(value, deltas);
         });
 }
 
-int DirectionQuantizer::convert(TAL::Vector3<float> value, Levels** result)
+int DirectionQuantizer::convert(Vector3f value, Levels** result)
 {
     return quantizer_->convert(value, result);
 }
@@ -56,10 +54,10 @@ bool DirectionQuantizer::findLevel(Axis axis, Alignment& level) const
     return true;
 }
 
-bool DirectionQuantizer::mapDirectionToAngleDegreeDelta(const TAL::Vector3<float>& value,
+bool DirectionQuantizer::mapDirectionToAngleDegreeDelta(const Vector3f& value,
                                                         std::unordered_map<Axis, float>& deltas) const
 {
-    const TAL::Vector3<float> unit = value.Normalized();
+    const Vector3f unit = value.Normalized();
     const float cosine = std::clamp(direction_.Dot(unit), -1.0f, 1.0f);
     deltas[AxisDirection] = TAL::ArcCos(cosine) * kDegreesPerRadian;
     return true;

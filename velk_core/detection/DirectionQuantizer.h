@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/detection/Quantizer.h"
 
 #include <cstdint>
@@ -34,14 +34,14 @@ public:
 
     /// `middleAngle` and `farAngle`, in degrees, are the least angles of their levels. A zero `direction`
     /// measures 90 degrees to everything.
-    DirectionQuantizer(const TAL::Vector3<float>& direction, float middleAngle, float farAngle);
+    DirectionQuantizer(const Vector3f& direction, float middleAngle, float farAngle);
 
     // The quantizer calls back into this object.
     DirectionQuantizer(const DirectionQuantizer&) = delete;
     DirectionQuantizer& operator=(const DirectionQuantizer&) = delete;
 
     /// As `Quantizer::convert`. The length of `value` has no effect; a zero one measures 90 degrees.
-    int convert(TAL::Vector3<float> value, Levels** result);
+    int convert(Vector3f value, Levels** result);
 
     /// Empty before the first `convert`.
     Levels getKeyQuantValueMap() const;
@@ -50,12 +50,11 @@ public:
     /// it.
     bool findLevel(Axis axis, Alignment& level) const;
 
-    bool mapDirectionToAngleDegreeDelta(const TAL::Vector3<float>& value,
-                                        std::unordered_map<Axis, float>& deltas) const;
+    bool mapDirectionToAngleDegreeDelta(const Vector3f& value, std::unordered_map<Axis, float>& deltas) const;
 
 private:
-    TAL::Vector3<float> direction_;
-    std::unique_ptr<Quantizer<TAL::Vector3<float>, Axis, Alignment>> quantizer_;
+    Vector3f direction_;
+    std::unique_ptr<Quantizer<Vector3f, Axis, Alignment>> quantizer_;
 };
 
 } // namespace velk::detection

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/ICandidateProperty.h"
 
 namespace velk::interaction
@@ -12,7 +12,7 @@ class ICandidatePosition : public ICandidateProperty
 {
 public:
     /// Where the candidate was met, in world space.
-    virtual TAL::Vector3<float> getCandidatePosition() = 0;
+    virtual Vector3f getCandidatePosition() = 0;
 };
 
 } // namespace velk::interaction

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-
+#include "math/Aliases.h"
 #include <cstdint>
 
 namespace velk::interaction
@@ -22,7 +21,7 @@ enum class PointerEventType : int32_t
 /// What a pointer does on an interactable, and where.
 struct PointerEvent
 {
-    PointerEvent(int eventIdentifier, PointerEventType eventType, const TAL::Pose<float>& eventPose)
+    PointerEvent(int eventIdentifier, PointerEventType eventType, const Posef& eventPose)
         : identifier(eventIdentifier)
         , type(eventType)
         , pose(eventPose)
@@ -31,7 +30,7 @@ struct PointerEvent
 
     int identifier; ///< of the interactor
     PointerEventType type;
-    TAL::Pose<float> pose; ///< in world space; the identity when the pointer meets nothing
+    Posef pose; ///< in world space; the identity when the pointer meets nothing
 };
 
 } // namespace velk::interaction

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/Interactor.h"
 
@@ -82,12 +83,12 @@ protected:
     }
 
     /// Where the pointer is now, in world space.
-    virtual TAL::Pose<float> computePointerPose() = 0;
+    virtual Posef computePointerPose() = 0;
 
     void generatePointerEvent(PointerEventType type, TInteractable* target)
     {
         // The pose comes first, also where there is nobody to tell.
-        const TAL::Pose<float> pose = computePointerPose();
+        const Posef pose = computePointerPose();
         if (target == nullptr) {
             return;
         }

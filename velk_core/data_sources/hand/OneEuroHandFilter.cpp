@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/OneEuroHandFilter.h"
+#include "math/Aliases.h"
 
 #include "math/Math.h"
 
@@ -17,8 +18,6 @@ namespace
 using data::HandData;
 using TAL::OneEuroFilter;
 using TAL::OneEuroParams;
-using TAL::Quat;
-using TAL::Vector3;
 
 // { minCutoff, beta, dCutoff }
 constexpr FilterPropertyBlock kRootPositionDefaults{2.0f, 10.0f, 1.0f};
@@ -31,12 +30,12 @@ bool checkAllParamsValid(const OneEuroParams& params)
     return std::isfinite(params.beta) && std::isfinite(params.minCutoff) && std::isfinite(params.dCutoff);
 }
 
-bool checkValueValid(const Vector3<float>& value)
+bool checkValueValid(const Vector3f& value)
 {
     return std::isfinite(value.x) && std::isfinite(value.y) && std::isfinite(value.z);
 }
 
-bool checkValueValid(const Quat<float>& value)
+bool checkValueValid(const Quatf& value)
 {
     return std::isfinite(value.x) && std::isfinite(value.y) && std::isfinite(value.z) &&
            std::isfinite(value.w);

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Quat.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandData.h"
 #include "velk_core/data_sources/DataModifier.h"
 #include "velk_core/data_sources/OneEuroFilter.h"
@@ -54,9 +53,9 @@ public:
     UpdateDataResult applyModifications(UpdateDataResult sourceResult) override;
 
 private:
-    TAL::OneEuroFilter<TAL::Quat<float>> rootRotationFilter_;
-    TAL::OneEuroFilter<TAL::Vector3<float>> rootPositionFilter_;
-    std::vector<TAL::OneEuroFilter<TAL::Quat<float>>> jointFilters_;
+    TAL::OneEuroFilter<Quatf> rootRotationFilter_;
+    TAL::OneEuroFilter<Vector3f> rootPositionFilter_;
+    std::vector<TAL::OneEuroFilter<Quatf>> jointFilters_;
     std::unique_ptr<FilterPropertyBlock> rootPositionProperties_;
     std::unique_ptr<FilterPropertyBlock> rootRotationProperties_;
     std::unique_ptr<FilterPropertyBlock> jointRotationProperties_;

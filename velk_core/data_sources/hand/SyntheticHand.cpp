@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/SyntheticHand.h"
+#include "math/Aliases.h"
 
 #include "velk_core/core/TimeProvider.h"
 
@@ -13,9 +14,6 @@ namespace
 {
 
 using data::HandData;
-using TAL::Pose;
-using TAL::Quat;
-using TAL::Vector3;
 using utility::ProgressCurve;
 
 constexpr float kTransitionDuration = 0.1f; // seconds
@@ -72,12 +70,12 @@ SyntheticHand::UpdateDataResult SyntheticHand::applyModifications(UpdateDataResu
     return UpdateDataResult::Updated;
 }
 
-void SyntheticHand::updateRootPose(Pose<float>& root)
+void SyntheticHand::updateRootPose(Posef& root)
 {
     ProgressCurve& positionCurve =
         wristPositionLocked_ ? config_.wristPositionLockCurve : config_.wristPositionUnlockCurve;
     const float positionProgress = positionCurve.progress();
-    const Vector3<float> position =
+    const Vector3f position =
         root.translation.Lerp(lockedWristPose_.translation, wristPositionOverrideFactor_);
     root.translation = wristPoseFrom_.translation.Lerp(position, positionProgress);
 
@@ -85,13 +83,13 @@ void SyntheticHand::updateRootPose(Pose<float>& root)
     ProgressCurve& rotationCurve =
         wristPositionLocked_ ? config_.wristRotationLockCurve : config_.wristRotationUnlockCurve;
     const float rotationProgress = rotationCurve.progress();
-    const Quat<float> rotation = root.rotation.Lerp(lockedWristPose_.rotation, wristRotationOverrideFactor_);
+    const Quatf rotation = root.rotation.Lerp(lockedWristPose_.rotation, wristRotationOverrideFactor_);
     root.rotation = wristPoseFrom_.rotation.Lerp(rotation, rotationProgress);
 
     lastWristPose_ = root;
 }
 
-void SyntheticHand::lockWristPose(const Pose<float>& pose, float overrideFactor, WristLockMode mode,
+void SyntheticHand::lockWristPose(const Posef& pose, float overrideFactor, WristLockMode mode,
                                   bool skipAnimation)
 {
     if (isFlagSet(mode, WristLockMode::Position)) {
@@ -102,8 +100,7 @@ void SyntheticHand::lockWristPose(const Pose<float>& pose, float overrideFactor,
     }
 }
 
-void SyntheticHand::lockWristPosition(const Vector3<float>& position, float overrideFactor,
-                                      bool skipAnimation)
+void SyntheticHand::lockWristPosition(const Vector3f& position, float overrideFactor, bool skipAnimation)
 {
     wristPositionOverrideFactor_ = overrideFactor;
     lockedWristPose_.translation = position;
@@ -114,7 +111,7 @@ void SyntheticHand::lockWristPosition(const Vector3<float>& position, float over
     syntheticWristLockChangedState(WristLockMode::Position, skipAnimation);
 }
 
-void SyntheticHand::lockWristRotation(const Quat<float>& rotation, float overrideFactor, bool skipAnimation)
+void SyntheticHand::lockWristRotation(const Quatf& rotation, float overrideFactor, bool skipAnimation)
 {
     wristRotationOverrideFactor_ = overrideFactor;
     lockedWristPose_.rotation = rotation;

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Quat.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandData.h"
 #include "velk_core/data_sources/DataModifier.h"
 #include "velk_core/utility/ProgressCurve.h"
@@ -49,10 +47,9 @@ public:
     /// Locks what `mode` names. The factor goes from 0, the source's pose, to 1, the locked one in full. A
     /// call while locked moves the target and the factor at once and restarts nothing. `skipAnimation` makes
     /// a new lock take effect in the next frame.
-    void lockWristPose(const TAL::Pose<float>& pose, float overrideFactor, WristLockMode mode,
-                       bool skipAnimation);
-    void lockWristPosition(const TAL::Vector3<float>& position, float overrideFactor, bool skipAnimation);
-    void lockWristRotation(const TAL::Quat<float>& rotation, float overrideFactor, bool skipAnimation);
+    void lockWristPose(const Posef& pose, float overrideFactor, WristLockMode mode, bool skipAnimation);
+    void lockWristPosition(const Vector3f& position, float overrideFactor, bool skipAnimation);
+    void lockWristRotation(const Quatf& rotation, float overrideFactor, bool skipAnimation);
 
     /// Frees what `mode` names, always eased.
     void freeWrist(WristLockMode mode);
@@ -61,16 +58,16 @@ public:
     static bool isFlagSet(WristLockMode mode, WristLockMode flag);
 
 private:
-    void updateRootPose(TAL::Pose<float>& root);
+    void updateRootPose(Posef& root);
     void syntheticWristLockChangedState(WristLockMode mode, bool skipAnimation);
 
     float wristPositionOverrideFactor_ = 0.0f;
     float wristRotationOverrideFactor_ = 0.0f;
-    TAL::Pose<float> lockedWristPose_;
+    Posef lockedWristPose_;
     bool wristPositionLocked_ = false;
     bool wristRotationLocked_ = false;
-    TAL::Pose<float> wristPoseFrom_; // the start of the present transition
-    TAL::Pose<float> lastWristPose_; // as shown in the last frame
+    Posef wristPoseFrom_; // the start of the present transition
+    Posef lastWristPose_; // as shown in the last frame
     Config config_;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector2.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandPalmData.h"
 #include "velk_core/interaction/palmgrab/FingerShapes.h"
@@ -22,7 +22,7 @@ struct FingerGrabData
 
     HandFinger finger;
     /// Degrees. x: where the strength leaves 0; y: length of the range up to strength 1.
-    TAL::Vector2<float> curlNormalizationParams;
+    Vector2f curlNormalizationParams;
     float grabStrength = 0.0f;
     bool isGrabbing = false;
     bool isGrabbingChanged = false;

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
+#include "math/Aliases.h"
 
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
 
@@ -46,7 +47,7 @@ float FingerPalmGrabAPI::GetFingerGrabScore(HandFinger finger) const
     return found == nullptr ? 0.0f : found->grabStrength;
 }
 
-TAL::Vector3<float> FingerPalmGrabAPI::GetCenterOffset()
+Vector3f FingerPalmGrabAPI::GetCenterOffset()
 {
     return centerOffset_;
 }

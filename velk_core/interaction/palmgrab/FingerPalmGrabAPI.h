@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandPalmData.h"
 #include "velk_core/interaction/palmgrab/FingerGrabData.h"
@@ -32,21 +32,21 @@ public:
     float GetFingerGrabScore(HandFinger finger) const;
 
     /// The point in the palm, in the root's space: a constant of the side. Zero before the first update.
-    TAL::Vector3<float> GetCenterOffset();
+    Vector3f GetCenterOffset();
 
 private:
     const FingerGrabData* find(HandFinger finger) const;
     void ClearState();
     void UpdateVolumeCenter(const data::HandPalmData* data);
 
-    TAL::Vector3<float> centerOffsetHandednessSet_{0.07f, -0.03f, 0.0f};
-    TAL::Vector3<float> centerOffsetHandednessClear_{-0.07f, 0.03f, 0.0f};
+    Vector3f centerOffsetHandednessSet_{0.07f, -0.03f, 0.0f};
+    Vector3f centerOffsetHandednessClear_{-0.07f, 0.03f, 0.0f};
     float grabThreshold_ = 0.9f;
     float releaseThreshold_ = 0.6f;
     std::vector<FingerGrabData> fingers_;
     FingerShapes fingerShapes_;
     data::HandPalmData handData_;
-    TAL::Vector3<float> centerOffset_;
+    Vector3f centerOffset_;
 };
 
 } // namespace velk::interaction::grab

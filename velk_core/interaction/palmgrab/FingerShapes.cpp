@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/palmgrab/FingerShapes.h"
+#include "math/Aliases.h"
 
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
@@ -74,8 +75,8 @@ float FingerShapes::GetCurlValue(HandFinger finger, const JointPoses& poses) con
 float FingerShapes::GetFlexionValue(HandFinger finger, const JointPoses& poses) const
 {
     const HandJointId knuckle = joint_tables::KNUCKLE_JOINTS[toIndex(finger)];
-    const TAL::Vector3<float> jointUp = GetUpVector(poses[toIndex(knuckle)]);
-    const TAL::Vector3<float> projected = jointUp.ProjectToPlane(Forward);
+    const Vector3f jointUp = GetUpVector(poses[toIndex(knuckle)]);
+    const Vector3f projected = jointUp.ProjectToPlane(Forward);
     return 180.0f + GetVectorSignedAngle(Up, projected, Forward * -1.0f);
 }
 
@@ -86,13 +87,13 @@ float FingerShapes::GetAbductionValue(HandFinger finger, const JointPoses& poses
     }
     const auto position = [&poses](HandJointId joint) { return poses[toIndex(joint)].translation; };
     const HandFinger next = static_cast<HandFinger>(static_cast<int>(finger) + 1);
-    const TAL::Vector3<float> proximal = position(HandJointUtils::getHandFingerProximal(finger));
-    const TAL::Vector3<float> nextProximal = position(HandJointUtils::getHandFingerProximal(next));
-    const TAL::Vector3<float> mid = proximal.Lerp(nextProximal, 0.5f);
+    const Vector3f proximal = position(HandJointUtils::getHandFingerProximal(finger));
+    const Vector3f nextProximal = position(HandJointUtils::getHandFingerProximal(next));
+    const Vector3f mid = proximal.Lerp(nextProximal, 0.5f);
     // The thumb's vector starts at its own joint and not at the midpoint, on purpose.
-    const TAL::Vector3<float> start = finger == HandFinger::Thumb ? proximal : mid;
-    const TAL::Vector3<float> tipVector = position(HandJointUtils::getHandFingerTip(finger)) - start;
-    const TAL::Vector3<float> nextVector = position(HandJointUtils::getHandFingerTip(next)) - mid;
+    const Vector3f start = finger == HandFinger::Thumb ? proximal : mid;
+    const Vector3f tipVector = position(HandJointUtils::getHandFingerTip(finger)) - start;
+    const Vector3f nextVector = position(HandJointUtils::getHandFingerTip(next)) - mid;
     return GetVectorSignedAngle(tipVector, nextVector, tipVector.Cross(nextVector));
 }
 
@@ -101,7 +102,7 @@ float FingerShapes::GetOppositionValue(HandFinger finger, const JointPoses& pose
     if (finger == HandFinger::Thumb) {
         return 0.0f;
     }
-    const TAL::Vector3<float> tip = poses[toIndex(HandJointUtils::getHandFingerTip(finger))].translation;
+    const Vector3f tip = poses[toIndex(HandJointUtils::getHandFingerTip(finger))].translation;
     return (tip - poses[toIndex(HandJointId::ThumbTip)].translation).Length();
 }
 
@@ -119,12 +120,11 @@ float FingerShapes::PosesListCurlValue(const JointPoses& poses) const
     return sum;
 }
 
-float FingerShapes::PosesCurlValue(const TAL::Pose<float>& first, const TAL::Pose<float>& middle,
-                                   const TAL::Pose<float>& last) const
+float FingerShapes::PosesCurlValue(const Posef& first, const Posef& middle, const Posef& last) const
 {
-    const TAL::Vector3<float> a = first.translation - middle.translation;
-    const TAL::Vector3<float> b = last.translation - middle.translation;
-    const TAL::Vector3<float> axis = GetForwardVector(middle) * -1.0f;
+    const Vector3f a = first.translation - middle.translation;
+    const Vector3f b = last.translation - middle.translation;
+    const Vector3f axis = GetForwardVector(middle) * -1.0f;
     const float angle = GetVectorSignedAngle(a, b, axis);
     return angle < 0.0f ? angle + 360.0f : angle;
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandJointId.h"
 #include "velk_core/interaction/palmgrab/FingerFeature.h"
@@ -22,7 +22,7 @@ std::vector<HandJointId> GetJointsAffected(HandFinger finger, FingerFeature feat
 class FingerShapes
 {
 public:
-    using JointPoses = std::array<TAL::Pose<float>, kNumHandJoints>;
+    using JointPoses = std::array<Posef, kNumHandJoints>;
 
     virtual ~FingerShapes() = default;
 
@@ -50,8 +50,7 @@ public:
     float PosesListCurlValue(const JointPoses& poses) const;
 
     /// The bend at `middle`, 0 up to 360. `middle`'s local Z decides which side counts as closing.
-    float PosesCurlValue(const TAL::Pose<float>& first, const TAL::Pose<float>& middle,
-                         const TAL::Pose<float>& last) const;
+    float PosesCurlValue(const Posef& first, const Posef& middle, const Posef& last) const;
 };
 
 } // namespace velk::interaction::grab

@@ -1,21 +1,22 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/palmgrab/HandFrame.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction::grab
 {
 
-TAL::Vector3<float> GetUpVector(const TAL::Pose<float>& pose)
+Vector3f GetUpVector(const Posef& pose)
 {
     return pose.Rotate(Up);
 }
 
-TAL::Vector3<float> GetForwardVector(const TAL::Pose<float>& pose)
+Vector3f GetForwardVector(const Posef& pose)
 {
     return pose.Rotate(Forward);
 }
 
-float GetVectorSignedAngle(TAL::Vector3<float> a, TAL::Vector3<float> b, TAL::Vector3<float> axis)
+float GetVectorSignedAngle(Vector3f a, Vector3f b, Vector3f axis)
 {
     const float angle = a.Angle(b) * kDegreesPerRadian;
     return a.Cross(b).Dot(axis) > 0.0f ? -angle : angle;

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction::grab
 {
 
-inline constexpr TAL::Vector3<float> Forward(0.0f, 0.0f, -1.0f);
-inline constexpr TAL::Vector3<float> Up(0.0f, 1.0f, 0.0f);
+inline constexpr Vector3f Forward(0.0f, 0.0f, -1.0f);
+inline constexpr Vector3f Up(0.0f, 1.0f, 0.0f);
 
 /// Where searches for a least distance start, and what an unmeasured distance reads: the greatest finite
 /// float.
@@ -17,11 +16,11 @@ inline constexpr float PositiveInfinity = 3.4028235e38f;
 
 inline constexpr float kDegreesPerRadian = 57.29578f;
 
-TAL::Vector3<float> GetUpVector(const TAL::Pose<float>& pose);
-TAL::Vector3<float> GetForwardVector(const TAL::Pose<float>& pose);
+Vector3f GetUpVector(const Posef& pose);
+Vector3f GetForwardVector(const Posef& pose);
 
 /// The angle from `a` to `b` in degrees: negative where their cross product points along `axis`, which is the
 /// mirror of the right-hand rule. NaN if either is zero.
-float GetVectorSignedAngle(TAL::Vector3<float> a, TAL::Vector3<float> b, TAL::Vector3<float> axis);
+float GetVectorSignedAngle(Vector3f a, Vector3f b, Vector3f axis);
 
 } // namespace velk::interaction::grab

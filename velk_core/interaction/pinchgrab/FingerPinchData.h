@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandJointId.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
@@ -15,7 +15,7 @@ struct FingerPinchData
 {
     explicit FingerPinchData(HandFinger finger);
 
-    void UpdateTipPosition(const TAL::Vector3<float>& position) { tipPosition = position; }
+    void UpdateTipPosition(const Vector3f& position) { tipPosition = position; }
     HandJointId GetTipID() const { return tipId; }
 
     /// Clears the change flag and nothing else.
@@ -27,7 +27,7 @@ struct FingerPinchData
 
     float pinchStrength = 0.0f;
     bool isPinching = false;
-    TAL::Vector3<float> tipPosition;
+    Vector3f tipPosition;
     bool isPinchingChanged = false;
     HandJointId tipId;
     float minPinchDistance = PositiveInfinity;

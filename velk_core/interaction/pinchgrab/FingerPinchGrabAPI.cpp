@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
+#include "math/Aliases.h"
 
 #include "math/Math.h"
 #include "math/Plane.h"
@@ -13,8 +14,6 @@
 
 namespace velk::interaction::grab
 {
-
-using Vector3 = TAL::Vector3<float>;
 
 FingerPinchGrabAPI::FingerPinchGrabAPI()
     : thumbTipSegmentJoints_{HandJointId::ThumbDistal, HandJointId::ThumbTip}
@@ -45,11 +44,11 @@ float FingerPinchGrabAPI::getFingerGrabScore(HandFinger finger)
     return found == nullptr ? 0.0f : found->pinchStrength;
 }
 
-Vector3 FingerPinchGrabAPI::getCenterOffset()
+Vector3f FingerPinchGrabAPI::getCenterOffset()
 {
     const FingerPinchData& thumb = fingers_[toIndex(HandFinger::Thumb)];
     float best = thumb.pinchStrength;
-    Vector3 result = thumb.tipPosition;
+    Vector3f result = thumb.tipPosition;
     for (std::size_t i = toIndex(HandFinger::Index); i < fingers_.size(); ++i) {
         if (best < fingers_[i].pinchStrength) {
             best = fingers_[i].pinchStrength;
@@ -59,8 +58,8 @@ Vector3 FingerPinchGrabAPI::getCenterOffset()
     return result;
 }
 
-void FingerPinchGrabAPI::update(const data::HandPinchData* data, const Vector3* wristDirection,
-                                const Vector3* hmdDirection)
+void FingerPinchGrabAPI::update(const data::HandPinchData* data, const Vector3f* wristDirection,
+                                const Vector3f* hmdDirection)
 {
     ClearState();
     handData_ = *data;
@@ -80,7 +79,7 @@ void FingerPinchGrabAPI::update(const data::HandPinchData* data, const Vector3* 
     }
 }
 
-bool FingerPinchGrabAPI::getJointPosFromWrist(HandJointId joint, Vector3& out) const
+bool FingerPinchGrabAPI::getJointPosFromWrist(HandJointId joint, Vector3f& out) const
 {
     if (toIndex(joint) >= handData_.jointPositions.size()) {
         return false;
@@ -104,13 +103,13 @@ float FingerPinchGrabAPI::DistanceStopMax() const
     return goodView_ ? goodViewDistanceStopMax_ : distanceStopMax_;
 }
 
-float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3 point,
+float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3f point,
                                                      const std::vector<HandJointId>& joints) const
 {
     float result = PositiveInfinity;
     for (std::size_t i = 1; i < joints.size(); ++i) {
-        Vector3 first;
-        Vector3 second;
+        Vector3f first;
+        Vector3f second;
         if (getJointPosFromWrist(joints[i - 1], first) && getJointPosFromWrist(joints[i], second)) {
             result = std::min(result, distancePointToSegment(point, first, second));
         }
@@ -118,15 +117,15 @@ float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3 point,
     return result;
 }
 
-float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3 segmentStart, Vector3 segmentEnd,
+float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3f segmentStart, Vector3f segmentEnd,
                                                      const std::vector<HandJointId>& joints,
                                                      float alignmentLimit) const
 {
-    const Vector3 direction = (segmentEnd - segmentStart).Normalized();
+    const Vector3f direction = (segmentEnd - segmentStart).Normalized();
     float result = PositiveInfinity;
     for (std::size_t i = 1; i < joints.size(); ++i) {
-        Vector3 first;
-        Vector3 second;
+        Vector3f first;
+        Vector3f second;
         if (!getJointPosFromWrist(joints[i - 1], first) || !getJointPosFromWrist(joints[i], second)) {
             continue;
         }
@@ -139,31 +138,31 @@ float FingerPinchGrabAPI::getClosestDistanceToJoints(Vector3 segmentStart, Vecto
     return result;
 }
 
-bool FingerPinchGrabAPI::IsPointNearThumb(Vector3 point, const std::vector<HandJointId>& joints) const
+bool FingerPinchGrabAPI::IsPointNearThumb(Vector3f point, const std::vector<HandJointId>& joints) const
 {
-    Vector3 first;
-    Vector3 second;
+    Vector3f first;
+    Vector3f second;
     if (!getJointPosFromWrist(joints[0], first) || !getJointPosFromWrist(joints[1], second)) {
         return false;
     }
-    const Vector3 bone = second - first;
-    const Vector3 offset = point - first;
+    const Vector3f bone = second - first;
+    const Vector3f offset = point - first;
     return offset.ProjectTo(bone.Normalized()).Dot(bone) > 0.0f;
 }
 
 bool FingerPinchGrabAPI::isThumbNearIndex() const
 {
-    Vector3 thumbTip;
-    Vector3 indexProximal;
-    Vector3 indexMid;
-    Vector3 indexDistal;
+    Vector3f thumbTip;
+    Vector3f indexProximal;
+    Vector3f indexMid;
+    Vector3f indexDistal;
     if (!getJointPosFromWrist(HandJointId::ThumbTip, thumbTip) ||
         !getJointPosFromWrist(HandJointId::IndexProximal, indexProximal) ||
         !getJointPosFromWrist(HandJointId::IndexMid, indexMid) ||
         !getJointPosFromWrist(HandJointId::IndexDistal, indexDistal)) {
         return false;
     }
-    const Vector3 normal = (indexDistal - indexMid).Cross(indexProximal - indexMid);
+    const Vector3f normal = (indexDistal - indexMid).Cross(indexProximal - indexMid);
     const math::Plane plane(indexMid, normal);
     const float distance = std::fabs(plane.getSignedDistanceToPlane(thumbTip));
     // Strict on both sides. An exactly straight index finger spans no plane, measures 0 and so is never near.
@@ -179,57 +178,57 @@ bool FingerPinchGrabAPI::pinchHasGoodVisibility() const
     return !(maxViewAngle_ < angle);
 }
 
-float FingerPinchGrabAPI::distancePointToSegment(Vector3 point, Vector3 start, Vector3 end)
+float FingerPinchGrabAPI::distancePointToSegment(Vector3f point, Vector3f start, Vector3f end)
 {
-    const Vector3 line = end - start;
+    const Vector3f line = end - start;
     const float t = clamp((point - start).Dot(line) / line.Dot(line), 0.0f, 1.0f);
     return (start + t * line - point).Length();
 }
 
-float FingerPinchGrabAPI::distanceSegmentToSegment(Vector3 firstStart, Vector3 firstEnd, Vector3 secondStart,
-                                                   Vector3 secondEnd)
+float FingerPinchGrabAPI::distanceSegmentToSegment(Vector3f firstStart, Vector3f firstEnd,
+                                                   Vector3f secondStart, Vector3f secondEnd)
 {
-    const Vector3 lineA = firstEnd - firstStart;
-    const Vector3 lineB = secondEnd - secondStart;
-    const Vector3 normal = lineA.Cross(lineB);
+    const Vector3f lineA = firstEnd - firstStart;
+    const Vector3f lineB = secondEnd - secondStart;
+    const Vector3f normal = lineA.Cross(lineB);
 
-    const Vector3 flatStartA = firstStart.ProjectToPlane(normal);
-    const Vector3 flatStartB = secondStart.ProjectToPlane(normal);
-    const Vector3 flatLineA = lineA.ProjectToPlane(normal);
-    const Vector3 flatLineB = lineB.ProjectToPlane(normal);
+    const Vector3f flatStartA = firstStart.ProjectToPlane(normal);
+    const Vector3f flatStartB = secondStart.ProjectToPlane(normal);
+    const Vector3f flatLineA = lineA.ProjectToPlane(normal);
+    const Vector3f flatLineB = lineB.ProjectToPlane(normal);
 
     // The triangle of flatStartA, its foot on the second line and the crossing gives the way to the crossing.
-    const Vector3 foot = flatStartB + (flatStartA - flatStartB).ProjectTo(flatLineB);
-    const Vector3 toFoot = foot - flatStartA;
+    const Vector3f foot = flatStartB + (flatStartA - flatStartB).ProjectTo(flatLineB);
+    const Vector3f toFoot = foot - flatStartA;
     const float cosine = flatLineA.Normalized().Dot(toFoot.Normalized());
     // Parallel segments have no normal: everything above is NaN then, and clamp makes it 1.
     const float t = clamp((toFoot.Length() / cosine) / flatLineA.Length(), 0.0f, 1.0f);
-    const Vector3 pointA = firstStart + lineA * t;
+    const Vector3f pointA = firstStart + lineA * t;
 
-    Vector3 along = (pointA - secondStart).ProjectTo(lineB);
+    Vector3f along = (pointA - secondStart).ProjectTo(lineB);
     if (along.Dot(lineB) < 0.0f) {
-        along = Vector3::Zero();
+        along = Vector3f::Zero();
     } else if (along.LengthSq() > lineB.LengthSq()) {
         along = lineB;
     }
     return pointA.Distance(secondStart + along);
 }
 
-float FingerPinchGrabAPI::GetClosestDistanceToThumb(Vector3 point,
+float FingerPinchGrabAPI::GetClosestDistanceToThumb(Vector3f point,
                                                     const std::vector<HandJointId>& joints) const
 {
     return getClosestDistanceToJoints(point, joints);
 }
 
-float FingerPinchGrabAPI::ClosestDistanceToLineSegment(Vector3 point, Vector3 start, Vector3 end) const
+float FingerPinchGrabAPI::ClosestDistanceToLineSegment(Vector3f point, Vector3f start, Vector3f end) const
 {
     return distancePointToSegment(point, start, end);
 }
 
-Vector3 FingerPinchGrabAPI::getFingerTipPos(HandJointId joint) const
+Vector3f FingerPinchGrabAPI::getFingerTipPos(HandJointId joint) const
 {
     // Takes a joint's id for a finger's number: ids from 5 on name a joint but no finger.
-    return toIndex(joint) < fingers_.size() ? fingers_[toIndex(joint)].tipPosition : Vector3::Zero();
+    return toIndex(joint) < fingers_.size() ? fingers_[toIndex(joint)].tipPosition : Vector3f::Zero();
 }
 
 const FingerPinchData* FingerPinchGrabAPI::find(HandFinger finger) const

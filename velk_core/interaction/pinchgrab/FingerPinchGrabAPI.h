@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandJointId.h"
 #include "velk_core/data/HandPinchData.h"
@@ -31,28 +31,28 @@ public:
     float getFingerGrabScore(HandFinger finger) override;
     /// Midway between the thumb tip and the tip with the highest score, or the thumb tip if none beats the
     /// thumb's.
-    TAL::Vector3<float> getCenterOffset() override;
-    void update(const data::HandPinchData* data, const TAL::Vector3<float>* wristDirection,
-                const TAL::Vector3<float>* hmdDirection) override;
+    Vector3f getCenterOffset() override;
+    void update(const data::HandPinchData* data, const Vector3f* wristDirection,
+                const Vector3f* hmdDirection) override;
 
     /// False, with `out` left alone, for a joint that doesn't exist.
-    bool getJointPosFromWrist(HandJointId joint, TAL::Vector3<float>& out) const;
+    bool getJointPosFromWrist(HandJointId joint, Vector3f& out) const;
 
     float DistanceStart() const;
     float DistanceStopOffset() const;
     float DistanceStopMax() const;
 
     /// Least distance from a point to the bones between `joints`.
-    float getClosestDistanceToJoints(TAL::Vector3<float> point, const std::vector<HandJointId>& joints) const;
+    float getClosestDistanceToJoints(Vector3f point, const std::vector<HandJointId>& joints) const;
 
     /// Least distance from a segment to the bones between `joints`. With a limit below 1, a bone whose
     /// direction has a dot product with the segment's of the limit or more doesn't count.
-    float getClosestDistanceToJoints(TAL::Vector3<float> segmentStart, TAL::Vector3<float> segmentEnd,
+    float getClosestDistanceToJoints(Vector3f segmentStart, Vector3f segmentEnd,
                                      const std::vector<HandJointId>& joints, float alignmentLimit) const;
 
     /// A side test and no distance test: true for a point on the tip side of the plane that stands on the
     /// bone at its first joint.
-    bool IsPointNearThumb(TAL::Vector3<float> point, const std::vector<HandJointId>& joints) const;
+    bool IsPointNearThumb(Vector3f point, const std::vector<HandJointId>& joints) const;
 
     /// The thumb tip's distance to the plane of the index finger is above 0 and below the thumb's stop
     /// ceiling.
@@ -62,20 +62,18 @@ public:
     bool pinchHasGoodVisibility() const;
 
     /// A zero-length segment measures to its end.
-    static float distancePointToSegment(TAL::Vector3<float> point, TAL::Vector3<float> start,
-                                        TAL::Vector3<float> end);
+    static float distancePointToSegment(Vector3f point, Vector3f start, Vector3f end);
 
     /// From the point of the first segment where it crosses the second, seen along their common normal, to
     /// the second. That isn't the least distance for all segments, and parallel ones measure from `firstEnd`.
-    static float distanceSegmentToSegment(TAL::Vector3<float> firstStart, TAL::Vector3<float> firstEnd,
-                                          TAL::Vector3<float> secondStart, TAL::Vector3<float> secondEnd);
+    static float distanceSegmentToSegment(Vector3f firstStart, Vector3f firstEnd, Vector3f secondStart,
+                                          Vector3f secondEnd);
 
-    float GetClosestDistanceToThumb(TAL::Vector3<float> point, const std::vector<HandJointId>& joints) const;
-    float ClosestDistanceToLineSegment(TAL::Vector3<float> point, TAL::Vector3<float> start,
-                                       TAL::Vector3<float> end) const;
+    float GetClosestDistanceToThumb(Vector3f point, const std::vector<HandJointId>& joints) const;
+    float ClosestDistanceToLineSegment(Vector3f point, Vector3f start, Vector3f end) const;
 
     /// The stored tip of the finger with the number of `joint`; zero where there is no such finger.
-    TAL::Vector3<float> getFingerTipPos(HandJointId joint) const;
+    Vector3f getFingerTipPos(HandJointId joint) const;
 
 private:
     const FingerPinchData* find(HandFinger finger) const;
@@ -101,8 +99,8 @@ private:
     std::vector<HandJointId> indexJoints_;
     std::vector<FingerPinchData> fingers_;
     data::HandPinchData handData_;
-    TAL::Vector3<float> wristDirection_;
-    TAL::Vector3<float> hmdDirection_;
+    Vector3f wristDirection_;
+    Vector3f hmdDirection_;
     bool hasWristDirection_ = false;
     bool hasHmdDirection_ = false;
     bool goodView_ = false;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/data/HandFinger.h"
 #include "velk_core/data/HandPinchData.h"
 
@@ -24,11 +24,11 @@ public:
     virtual float getFingerGrabScore(HandFinger finger) = 0;
 
     /// The point to hold at, in the space of the joint positions.
-    virtual TAL::Vector3<float> getCenterOffset() = 0;
+    virtual Vector3f getCenterOffset() = 0;
 
     /// One frame. `data` must not be null; a null direction means that it isn't known.
-    virtual void update(const data::HandPinchData* data, const TAL::Vector3<float>* wristDirection,
-                        const TAL::Vector3<float>* hmdDirection) = 0;
+    virtual void update(const data::HandPinchData* data, const Vector3f* wristDirection,
+                        const Vector3f* hmdDirection) = 0;
 };
 
 } // namespace velk::interaction::grab

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeGeometry.h"
+#include "math/Aliases.h"
 
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
@@ -11,7 +12,6 @@ namespace velk::interaction::poke_geometry
 {
 
 using surface::SurfaceHit;
-using Vector3f = TAL::Vector3<float>;
 
 float computeDistanceAbove(const PokeInteractable& interactable, const Vector3f& point, float radius)
 {

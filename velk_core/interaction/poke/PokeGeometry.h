@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction
 {
@@ -22,24 +22,20 @@ namespace velk::interaction::poke_geometry
 {
 
 /// Height of the skin over the backing surface; negative under it.
-float computeDistanceAbove(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
-                           float radius);
+float computeDistanceAbove(const PokeInteractable& interactable, const Vector3f& point, float radius);
 
 /// How far the skin is under the backing surface; 0 above it.
-float computeDepth(const PokeInteractable& interactable, const TAL::Vector3<float>& point, float radius);
+float computeDepth(const PokeInteractable& interactable, const Vector3f& point, float radius);
 
 /// Straight distance from the skin to the patch.
-float computeDistanceFrom(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
-                          float radius);
+float computeDistanceFrom(const PokeInteractable& interactable, const Vector3f& point, float radius);
 
 /// Distance from the skin to `closest`, with the part along `normal` left out.
-float computeLateralDistanceToClosestPoint(const TAL::Vector3<float>& point, float radius,
-                                           const TAL::Vector3<float>& closest,
-                                           const TAL::Vector3<float>& normal);
+float computeLateralDistanceToClosestPoint(const Vector3f& point, float radius, const Vector3f& closest,
+                                           const Vector3f& normal);
 
 /// Distance along the surface from the skin to the patch: `-radius` over the patch, and not floored at 0, so
 /// a limit of 0 admits points up to one radius beyond the edge.
-float computeTangentDistance(const PokeInteractable& interactable, const TAL::Vector3<float>& point,
-                             float radius);
+float computeTangentDistance(const PokeInteractable& interactable, const Vector3f& point, float radius);
 
 } // namespace velk::interaction::poke_geometry

@@ -28,7 +28,6 @@ using poke_geometry::computeDepth;
 using poke_geometry::computeDistanceAbove;
 using poke_geometry::computeTangentDistance;
 using surface::SurfaceHit;
-using Vector3f = TAL::Vector3<float>;
 
 // The broad test before anything exact: nothing farther than this frame's movement and the enter limits can
 // matter. A surface first met in this frame always passes.

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeInteractable.h"
+#include "math/Aliases.h"
 
 #include "velk_common/VelkAssert.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
@@ -64,14 +65,12 @@ InteractableRegistry<PokeInteractor, PokeInteractable>& PokeInteractable::getSta
 }
 
 // Without a patch there is no hit: a finger that was on it can still let go, and so it can be destroyed.
-bool PokeInteractable::closestSurfacePatchHit(const TAL::Vector3<float>& point,
-                                              surface::SurfaceHit& hit) const
+bool PokeInteractable::closestSurfacePatchHit(const Vector3f& point, surface::SurfaceHit& hit) const
 {
     return surfacePatch_ != nullptr && surfacePatch_->closestSurfacePoint(point, hit, 0.0f);
 }
 
-bool PokeInteractable::closestBackingSurfaceHit(const TAL::Vector3<float>& point,
-                                                surface::SurfaceHit& hit) const
+bool PokeInteractable::closestBackingSurfaceHit(const Vector3f& point, surface::SurfaceHit& hit) const
 {
     return surfacePatch_ != nullptr &&
            surfacePatch_->getBackingSurface().closestSurfacePoint(point, hit, 0.0f);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/core/TimeProvider.h"
 #include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/InteractableRegistry.h"
@@ -102,10 +102,10 @@ public:
     static InteractableRegistry<PokeInteractor, PokeInteractable>& getStaticRegistry();
 
     /// Closest point on the patch, without a limit of distance.
-    bool closestSurfacePatchHit(const TAL::Vector3<float>& point, surface::SurfaceHit& hit) const;
+    bool closestSurfacePatchHit(const Vector3f& point, surface::SurfaceHit& hit) const;
 
     /// Closest point on the whole surface behind the patch, without a limit of distance.
-    bool closestBackingSurfaceHit(const TAL::Vector3<float>& point, surface::SurfaceHit& hit) const;
+    bool closestBackingSurfaceHit(const Vector3f& point, surface::SurfaceHit& hit) const;
 
     /// Unchecked: with a null patch the object must not take part in another update.
     void setSurfacePatch(std::shared_ptr<surface::ISurfacePatch> surfacePatch);

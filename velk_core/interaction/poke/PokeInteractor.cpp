@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeInteractor.h"
+#include "math/Aliases.h"
 
 #include "math/LookRotation.h"
 #include "velk_core/core/TimeProvider.h"
@@ -11,8 +12,6 @@ namespace velk::interaction
 {
 
 using surface::SurfaceHit;
-using Posef = TAL::Pose<float>;
-using Vector3f = TAL::Vector3<float>;
 
 namespace
 {

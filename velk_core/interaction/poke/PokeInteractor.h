@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/core/IActiveState.h"
 #include "velk_core/core/IPayload.h"
 #include "velk_core/core/IPosition.h"
@@ -66,18 +65,18 @@ public:
     PokeInteractor& operator=(const PokeInteractor&) = delete;
 
     /// The fingertip's pose for the updates to come; nothing else changes now.
-    void setPointTransform(const TAL::Pose<float>& pose) { pointTransform_ = pose; }
-    void setPointPosition(const TAL::Vector3<float>& position) { pointTransform_.translation = position; }
+    void setPointTransform(const Posef& pose) { pointTransform_ = pose; }
+    void setPointPosition(const Vector3f& position) { pointTransform_.translation = position; }
 
     /// The point of the last update.
-    const TAL::Vector3<float>& getOrigin() const { return origin_; }
+    const Vector3f& getOrigin() const { return origin_; }
 
     /// The nearest point on the patch of the last candidate found.
-    const TAL::Vector3<float>& getClosestPoint() const { return closestPoint_; }
+    const Vector3f& getClosestPoint() const { return closestPoint_; }
 
     /// Where the finger touches, or would touch, the backing surface; steadied during a press.
-    const TAL::Vector3<float>& getTouchPoint() const { return touchPoint_; }
-    const TAL::Vector3<float>& getTouchNormal() const { return touchNormal_; }
+    const Vector3f& getTouchPoint() const { return touchPoint_; }
+    const Vector3f& getTouchNormal() const { return touchNormal_; }
 
     float getRadius() const { return config_.radius; }
 
@@ -104,7 +103,7 @@ protected:
     PokeInteractable* computeCandidate() override;
     void handleDisabled() override;
     PokeInteractor* getInteractorPtr() override;
-    TAL::Pose<float> computePointerPose() override;
+    Posef computePointerPose() override;
     void interactableDestroyed(const PokeInteractable* interactable) override;
 
 private:
@@ -113,7 +112,7 @@ private:
     // Frame.
     void updateOrigin();
     void storeSurfaceTransforms();
-    TAL::Vector3<float> previousOriginCarriedBy(const PokeInteractable& interactable) const;
+    Vector3f previousOriginCarriedBy(const PokeInteractable& interactable) const;
     void takeContactFrom(const PokeInteractable& interactable);
     void endRecoil();
     void cancel(PokeInteractable& interactable);
@@ -123,8 +122,7 @@ private:
     PokeInteractable* computeHoverCandidate(const Interactables& inRange);
     bool canHover(PokeInteractable& interactable, PokeCandidate& candidate);
     bool getHits(const PokeInteractable& interactable, surface::SurfaceHit& backing);
-    bool passesEnterHoverDistanceCheck(const TAL::Vector3<float>& point,
-                                       const PokeInteractable& interactable) const;
+    bool passesEnterHoverDistanceCheck(const Vector3f& point, const PokeInteractable& interactable) const;
     float minPokeDepth(const PokeInteractable& interactable) const;
     bool isInFront(const surface::SurfaceHit& backing) const;
     float hoverNormalLimit(const PokeInteractable& interactable) const;
@@ -136,14 +134,14 @@ private:
     PokeCandidate findPressed(const Interactables& inRange);
     bool isPressed(PokeInteractable& interactable, PokeCandidate& candidate);
     bool crosses(const PokeInteractable& interactable, const surface::SurfaceHit& backing,
-                 const TAL::Vector3<float>& start, surface::SurfaceHit& crossing) const;
+                 const Vector3f& start, surface::SurfaceHit& crossing) const;
     bool vetoes(const PokeInteractable& interactable, const PokeCandidate& pressed);
     bool surfaceUpdate(const PokeInteractable* interactable);
-    void updateTarget(const PokeInteractable& interactable, const TAL::Pose<float>& surfacePose,
-                      const TAL::Vector3<float>& localPoint);
+    void updateTarget(const PokeInteractable& interactable, const Posef& surfacePose,
+                      const Vector3f& localPoint);
     bool isPushing(const PokeInteractable& interactable, float tangentDelta) const;
-    TAL::Vector3<float> pinTarget(const PokeInteractable& interactable, const TAL::Pose<float>& surfacePose);
-    void easeTowards(const TAL::Vector3<float>& localPoint);
+    Vector3f pinTarget(const PokeInteractable& interactable, const Posef& surfacePose);
+    void easeTowards(const Vector3f& localPoint);
     void placeTouchPoint(const PokeInteractable& interactable);
     bool shouldCancel(const PokeInteractable& interactable) const;
     bool shouldRecoil(const PokeInteractable& interactable);
@@ -151,28 +149,28 @@ private:
     utility::MultiAction<bool> whenPassedSurfaceChanged_;
     Config config_;
     std::shared_ptr<input::IPosition> positionSource_;
-    TAL::Pose<float> pointTransform_;
-    TAL::Vector3<float> closestPoint_;
-    TAL::Vector3<float> touchPoint_;
-    TAL::Vector3<float> touchNormal_;
-    TAL::Vector3<float> origin_;
-    TAL::Vector3<float> previousOrigin_;
+    Posef pointTransform_;
+    Vector3f closestPoint_;
+    Vector3f touchPoint_;
+    Vector3f touchNormal_;
+    Vector3f origin_;
+    Vector3f previousOrigin_;
     PokeInteractable* hoverInteractable_ = nullptr;  // what the last search found
     PokeInteractable* hitInteractable_ = nullptr;    // set means that a press is wanted
     PokeInteractable* recoilInteractable_ = nullptr; // what the finger retreated from
     // Points in the frame of the backing surface, so that they ride on it when it moves.
-    TAL::Vector3<float> previousLocalPoint_; // under the finger in the last frame
-    TAL::Vector3<float> pinnedLocalPoint_;   // the touch point when the press began
-    TAL::Vector3<float> targetLocalPoint_;   // where the touch point is to go
-    TAL::Vector3<float> easedLocalPoint_;    // where it is
+    Vector3f previousLocalPoint_; // under the finger in the last frame
+    Vector3f pinnedLocalPoint_;   // the touch point when the press began
+    Vector3f targetLocalPoint_;   // where the touch point is to go
+    Vector3f easedLocalPoint_;    // where it is
     bool dragging_ = false;
     utility::ProgressCurve dragEaseCurve_;
-    TAL::Vector3<float> pressLocalPoint_; // under the finger when it last pushed in
-    float maxPinTravel_ = 0.0f;           // farthest travel from the pinned point in this press
+    Vector3f pressLocalPoint_;  // under the finger when it last pushed in
+    float maxPinTravel_ = 0.0f; // farthest travel from the pinned point in this press
     SurfaceHitCache hitCache_;
-    utility::SlotTable<TAL::Pose<float>> previousSurfaceTransforms_; // inverse poses of the last frame
-    float maxDepth_ = 0.0f;                                          // deepest point of this press
-    float recoilDepth_ = 0.0f; // depth that presses again after a recoil
+    utility::SlotTable<Posef> previousSurfaceTransforms_; // inverse poses of the last frame
+    float maxDepth_ = 0.0f;                               // deepest point of this press
+    float recoilDepth_ = 0.0f;                            // depth that presses again after a recoil
     bool passedSurface_ = false;
     float lastEaseProgress_ = 0.0f;
 };

@@ -38,8 +38,6 @@ using poke_geometry::computeDepth;
 using poke_geometry::computeDistanceAbove;
 using poke_geometry::computeTangentDistance;
 using surface::SurfaceHit;
-using Posef = TAL::Pose<float>;
-using Vector3f = TAL::Vector3<float>;
 
 namespace
 {

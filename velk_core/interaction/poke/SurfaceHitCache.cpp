@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/SurfaceHitCache.h"
+#include "math/Aliases.h"
 
 #include "velk_core/interaction/poke/PokeInteractable.h"
 
@@ -9,7 +10,7 @@ namespace velk::interaction
 
 using surface::SurfaceHit;
 
-void SurfaceHitCache::reset(const TAL::Vector3<float>& origin)
+void SurfaceHitCache::reset(const Vector3f& origin)
 {
     origin_ = origin;
     ++frame_; // outdates every entry; the tables keep their room

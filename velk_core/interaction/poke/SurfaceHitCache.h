@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 #include "velk_core/utility/SlotTable.h"
 
@@ -19,7 +19,7 @@ class SurfaceHitCache
 {
 public:
     /// Starts a frame: forgets all answers and stands for another point from now on.
-    void reset(const TAL::Vector3<float>& origin);
+    void reset(const Vector3f& origin);
 
     /// Closest point on the whole surface behind the patch. On false, `hit` is what the surface left in it.
     bool getBackingHit(const PokeInteractable& interactable, surface::SurfaceHit& hit);
@@ -41,7 +41,7 @@ private:
 
     HitTable patchHits_;
     HitTable backingHits_;
-    TAL::Vector3<float> origin_;
+    Vector3f origin_;
     uint64_t frame_ = 1;
 };
 

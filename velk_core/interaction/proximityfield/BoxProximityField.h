@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/proximityfield/IProximityField.h"
 
 namespace velk::interaction::proximity_field
@@ -13,19 +12,19 @@ namespace velk::interaction::proximity_field
 class BoxProximityField : public IProximityField
 {
 public:
-    BoxProximityField(const TAL::Pose<float>& pose, const TAL::Vector3<float>& size);
+    BoxProximityField(const Posef& pose, const Vector3f& size);
 
     /// The centre and the orientation.
-    void setPose(const TAL::Pose<float>& pose);
+    void setPose(const Posef& pose);
 
     /// The full size along the local axes. What is below the float epsilon, or NaN, becomes the epsilon.
-    void setSize(const TAL::Vector3<float>& size);
+    void setSize(const Vector3f& size);
 
-    TAL::Vector3<float> computeClosestPoint(const TAL::Vector3<float>& point) override;
+    Vector3f computeClosestPoint(const Vector3f& point) override;
 
 private:
-    TAL::Pose<float> pose_;
-    TAL::Vector3<float> size_;
+    Posef pose_;
+    Vector3f size_;
 };
 
 } // namespace velk::interaction::proximity_field

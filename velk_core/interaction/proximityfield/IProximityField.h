@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction::proximity_field
 {
@@ -12,7 +12,7 @@ class IProximityField
 {
 public:
     virtual ~IProximityField() = default;
-    virtual TAL::Vector3<float> computeClosestPoint(const TAL::Vector3<float>& point) = 0;
+    virtual Vector3f computeClosestPoint(const Vector3f& point) = 0;
 };
 
 } // namespace velk::interaction::proximity_field

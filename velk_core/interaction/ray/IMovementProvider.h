@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/ray/IMovement.h"
 
 #include <memory>
@@ -16,8 +16,7 @@ class IMovementProvider
 public:
     virtual ~IMovementProvider() = default;
 
-    virtual std::unique_ptr<IMovement> createMovement(const TAL::Pose<float>& from,
-                                                      const TAL::Pose<float>& to) = 0;
+    virtual std::unique_ptr<IMovement> createMovement(const Posef& from, const Posef& to) = 0;
 };
 
 } // namespace velk::movement

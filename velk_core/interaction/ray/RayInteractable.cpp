@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/ray/RayInteractable.h"
+#include "math/Aliases.h"
 
 #include "velk_core/interaction/ray/RayInteractor.h"
 
@@ -54,8 +55,8 @@ bool RayInteractable::raycastMagnetismSurface(const math::Ray& ray, surface::Sur
     return magnetismSurface_ && magnetismSurface_->raycast(ray, hit, maxDistance);
 }
 
-std::unique_ptr<movement::IMovement> RayInteractable::generateMovement(const TAL::Pose<float>& from,
-                                                                       const TAL::Pose<float>& to) const
+std::unique_ptr<movement::IMovement> RayInteractable::generateMovement(const Posef& from,
+                                                                       const Posef& to) const
 {
     return movementProvider_ ? movementProvider_->createMovement(from, to) : nullptr;
 }

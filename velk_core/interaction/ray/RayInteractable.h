@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 #include "math/Ray.h"
 #include "velk_core/interaction/InteractableRegistry.h"
 #include "velk_core/interaction/PointerInteractable.h"
@@ -48,8 +48,7 @@ public:
     bool raycastMagnetismSurface(const math::Ray& ray, surface::SurfaceHit& hit, float maxDistance) const;
 
     /// Empty without a movement provider.
-    std::unique_ptr<movement::IMovement> generateMovement(const TAL::Pose<float>& from,
-                                                          const TAL::Pose<float>& to) const;
+    std::unique_ptr<movement::IMovement> generateMovement(const Posef& from, const Posef& to) const;
 
     int getTiebreakerScore() const { return tiebreakerScore_; }
 

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/ray/RayInteractor.h"
+#include "math/Aliases.h"
 
 #include "math/LookRotation.h"
 #include "velk_common/VelkAssert.h"
@@ -16,16 +17,12 @@ namespace
 
 using math::quaternion::lookRotationSafe;
 using surface::SurfaceHit;
-using TAL::Pose;
-using TAL::Quat;
-using TAL::Vector3;
 
 constexpr float kNoLimit = 0.0f; // as the greatest distance of a surface query
 
 } // namespace
 
-void RayInteractor::RayCandidateProperties::init(RayInteractable* interactable,
-                                                 const Vector3<float>& hitPoint)
+void RayInteractor::RayCandidateProperties::init(RayInteractable* interactable, const Vector3f& hitPoint)
 {
     interactable_ = interactable;
     hitPoint_ = hitPoint;
@@ -66,7 +63,7 @@ RayInteractor::~RayInteractor()
     PointerInteractor::onDisable();
 }
 
-void RayInteractor::setRayOrigin(const Pose<float>& pose)
+void RayInteractor::setRayOrigin(const Posef& pose)
 {
     common::velkAssert(!rayOrigin_);
     rayOriginPose_ = pose;
@@ -169,8 +166,8 @@ void RayInteractor::interactableSelected(RayInteractable* interactable)
 void RayInteractor::startMovement(const RayInteractable& interactable)
 {
     movedHit_ = *collisionInfo_;
-    const Pose<float> hitPose(lookRotationSafe(movedHit_.normal), movedHit_.point);
-    const Pose<float> backHitPose(lookRotationSafe(-movedHit_.normal), movedHit_.point);
+    const Posef hitPose(lookRotationSafe(movedHit_.normal), movedHit_.point);
+    const Posef backHitPose(lookRotationSafe(-movedHit_.normal), movedHit_.point);
     movement_ = interactable.generateMovement(backHitPose, rayOriginPose_);
     if (movement_) {
         // hit from movement = movement from world * hit in world
@@ -192,7 +189,7 @@ void RayInteractor::followMovement(movement::IMovement& movement)
 {
     movement.moveTo(rayOriginPose_);
     movement.tick();
-    const Pose<float> moved = movement.getPose() * movementHitDelta_;
+    const Posef moved = movement.getPose() * movementHitDelta_;
     movedHit_.point = moved.translation;
     movedHit_.normal = moved.rotation * localForward_;
     collisionInfo_ = movedHit_;
@@ -227,16 +224,16 @@ RayInteractor* RayInteractor::getInteractorPtr()
     return this;
 }
 
-Pose<float> RayInteractor::computePointerPose()
+Posef RayInteractor::computePointerPose()
 {
     if (movement_) {
         return movement_->getPose();
     }
     if (collisionInfo_) {
         // Unguarded on purpose: a normal parallel to the ray's up gives a degenerate rotation.
-        return Pose<float>(Quat<float>::LookRotation(collisionInfo_->normal, getUp()), collisionInfo_->point);
+        return Posef(Quatf::LookRotation(collisionInfo_->normal, getUp()), collisionInfo_->point);
     }
-    return Pose<float>::Identity();
+    return Posef::Identity();
 }
 
 void RayInteractor::interactableDestroyed(const RayInteractable* interactable)

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
-#include "math/Quat.h"
+#include "math/Aliases.h"
 #include "math/Ray.h"
-#include "math/Vector3.h"
 #include "velk_core/core/IActiveState.h"
 #include "velk_core/core/IPayload.h"
 #include "velk_core/core/IPose.h"
@@ -45,17 +43,17 @@ public:
     class RayCandidateProperties : public ICandidatePosition
     {
     public:
-        void init(RayInteractable* interactable, const TAL::Vector3<float>& hitPoint);
+        void init(RayInteractable* interactable, const Vector3f& hitPoint);
 
         /// Lets go of an interactable that is no more; the position stays.
         void forget(const RayInteractable* interactable);
 
         RayInteractable* getInteractable() const { return interactable_; }
-        TAL::Vector3<float> getCandidatePosition() override { return hitPoint_; }
+        Vector3f getCandidatePosition() override { return hitPoint_; }
 
     private:
         RayInteractable* interactable_ = nullptr;
-        TAL::Vector3<float> hitPoint_;
+        Vector3f hitPoint_;
     };
 
     RayInteractor();
@@ -71,25 +69,25 @@ public:
     RayInteractor(const RayInteractor&) = delete;
     RayInteractor& operator=(const RayInteractor&) = delete;
 
-    TAL::Vector3<float> getOrigin() const { return rayOriginPose_.translation; }
-    void setOrigin(TAL::Vector3<float> origin) { rayOriginPose_.translation = origin; }
-    TAL::Quat<float> getRotation() const { return rayOriginPose_.rotation; }
-    void setRotation(TAL::Quat<float> rotation) { rayOriginPose_.rotation = rotation; }
+    Vector3f getOrigin() const { return rayOriginPose_.translation; }
+    void setOrigin(Vector3f origin) { rayOriginPose_.translation = origin; }
+    Quatf getRotation() const { return rayOriginPose_.rotation; }
+    void setRotation(Quatf rotation) { rayOriginPose_.rotation = rotation; }
 
-    TAL::Vector3<float> getForward() const { return rayOriginPose_.Rotate(localForward_); }
-    TAL::Vector3<float> getUp() const { return rayOriginPose_.Rotate(localUp_); }
+    Vector3f getForward() const { return rayOriginPose_.Rotate(localForward_); }
+    Vector3f getUp() const { return rayOriginPose_.Rotate(localUp_); }
 
     /// Neither is normalised.
-    void setLocalForwardVector(TAL::Vector3<float> forward) { localForward_ = forward; }
-    void setLocalUpVector(TAL::Vector3<float> up) { localUp_ = up; }
+    void setLocalForwardVector(Vector3f forward) { localForward_ = forward; }
+    void setLocalUpVector(Vector3f up) { localUp_ = up; }
 
     /// Where the ray ends, for drawing. Behind the origin when that lies within a box.
-    TAL::Vector3<float> getEnd() const { return end_; }
+    Vector3f getEnd() const { return end_; }
 
     void setMaxRayLength(float length) { config_.maxRayLength = length; }
 
     /// Traps on an interactor that was given a `rayOrigin`.
-    void setRayOrigin(const TAL::Pose<float>& pose);
+    void setRayOrigin(const Posef& pose);
 
     /// What the ray hit last, if anything.
     std::optional<surface::SurfaceHit> getCollisionInfo() const { return collisionInfo_; }
@@ -105,7 +103,7 @@ protected:
     RayInteractor* getInteractorPtr() override;
 
     /// The moved thing's pose, or that of the hit looking along its normal, or the identity with no hit.
-    TAL::Pose<float> computePointerPose() override;
+    Posef computePointerPose() override;
 
     void interactableDestroyed(const RayInteractable* interactable) override;
 
@@ -125,19 +123,19 @@ private:
     void followMovement(movement::IMovement& movement);
     void traceSelectSurface(const RayInteractable* interactable);
 
-    TAL::Pose<float> rayOriginPose_;
+    Posef rayOriginPose_;
     std::unique_ptr<movement::IMovement> movement_;
     surface::SurfaceHit movedHit_;
     // The pose of the hit in the frame of the movement's pose.
-    TAL::Pose<float> movementHitDelta_;
+    Posef movementHitDelta_;
     math::Ray ray_;
     std::optional<surface::SurfaceHit> collisionInfo_;
     std::shared_ptr<RayCandidateProperties> candidateProperties_;
     Config config_;
     std::shared_ptr<input::IPose> rayOrigin_;
-    TAL::Vector3<float> end_;
-    TAL::Vector3<float> localUp_{0.0f, 1.0f, 0.0f};
-    TAL::Vector3<float> localForward_{0.0f, 0.0f, -1.0f};
+    Vector3f end_;
+    Vector3f localUp_{0.0f, 1.0f, 0.0f};
+    Vector3f localForward_{0.0f, 0.0f, -1.0f};
 };
 
 } // namespace velk::interaction

@@ -1,25 +1,25 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/surfaces/BoundsClipper.h"
+#include "math/Aliases.h"
 
 #include <utility>
 
 namespace velk::interaction::surface
 {
 
-BoundsClipper::BoundsClipper(std::shared_ptr<velk::input::IPose> poseSource,
-                             const TAL::Vector3<float>& position, const TAL::Vector3<float>& size)
+BoundsClipper::BoundsClipper(std::shared_ptr<velk::input::IPose> poseSource, const Vector3f& position,
+                             const Vector3f& size)
     : poseSource_(std::move(poseSource))
     , position_(position)
     , size_(size)
 {
 }
 
-bool BoundsClipper::getLocalBounds(const TAL::Pose<float>& surfacePose,
-                                   velk::math::AxisAlignedBox& bounds) const
+bool BoundsClipper::getLocalBounds(const Posef& surfacePose, velk::math::AxisAlignedBox& bounds) const
 {
-    const TAL::Vector3<float> world = poseSource_->getPose().Transform(position_);
-    const TAL::Vector3<float> local = surfacePose.InverseTransform(world);
+    const Vector3f world = poseSource_->getPose().Transform(position_);
+    const Vector3f local = surfacePose.InverseTransform(world);
     bounds = velk::math::AxisAlignedBox(local, size_);
     return true;
 }

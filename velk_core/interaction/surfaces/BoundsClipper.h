@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
-#include "math/Pose.h"
-#include "math/Vector3.h"
 #include "velk_core/core/IPose.h"
 
 #include <memory>
@@ -19,16 +18,16 @@ class BoundsClipper
 public:
     /// `position` is the centre in the frame of `poseSource`, `size` the full size. Shares ownership of
     /// `poseSource`, which must not be null.
-    BoundsClipper(std::shared_ptr<velk::input::IPose> poseSource, const TAL::Vector3<float>& position,
-                  const TAL::Vector3<float>& size);
+    BoundsClipper(std::shared_ptr<velk::input::IPose> poseSource, const Vector3f& position,
+                  const Vector3f& size);
 
     /// The box in the frame of a surface at `surfacePose`. Always true.
-    bool getLocalBounds(const TAL::Pose<float>& surfacePose, velk::math::AxisAlignedBox& bounds) const;
+    bool getLocalBounds(const Posef& surfacePose, velk::math::AxisAlignedBox& bounds) const;
 
 private:
     std::shared_ptr<velk::input::IPose> poseSource_;
-    TAL::Vector3<float> position_;
-    TAL::Vector3<float> size_;
+    Vector3f position_;
+    Vector3f size_;
 };
 
 } // namespace velk::interaction::surface

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
+#include "math/Aliases.h"
 
 #include <algorithm>
 #include <limits>
@@ -21,7 +22,7 @@ ClippedPlaneSurface::ClippedPlaneSurface(std::shared_ptr<PointablePlane> backing
 {
 }
 
-TAL::Pose<float> ClippedPlaneSurface::getPose() const
+Posef ClippedPlaneSurface::getPose() const
 {
     return backingSurface_->getPose();
 }
@@ -38,13 +39,12 @@ bool ClippedPlaneSurface::raycast(const velk::math::Ray& ray, SurfaceHit& hit, f
     return bounds.isWithinVolume(getPose().InverseTransform(hit.point));
 }
 
-bool ClippedPlaneSurface::closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                                              float maxDistance) const
+bool ClippedPlaneSurface::closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const
 {
     if (!backingSurface_->closestSurfacePoint(point, hit, maxDistance)) {
         return false;
     }
-    TAL::Vector3<float> clamped;
+    Vector3f clamped;
     if (!clampPoint(hit.point, clamped)) {
         return false;
     }
@@ -63,17 +63,17 @@ velk::math::AxisAlignedBox ClippedPlaneSurface::getBounds() const
     return backingSurface_->getBounds();
 }
 
-TAL::Vector3<float> ClippedPlaneSurface::getNormal() const
+Vector3f ClippedPlaneSurface::getNormal() const
 {
     return backingSurface_->getNormal();
 }
 
-void ClippedPlaneSurface::setPose(const TAL::Pose<float>& pose)
+void ClippedPlaneSurface::setPose(const Posef& pose)
 {
     backingSurface_->setPose(pose);
 }
 
-void ClippedPlaneSurface::setSize(const TAL::Vector2<float>& size)
+void ClippedPlaneSurface::setSize(const Vector2f& size)
 {
     backingSurface_->setSize(size);
 }
@@ -81,9 +81,9 @@ void ClippedPlaneSurface::setSize(const TAL::Vector2<float>& size)
 bool ClippedPlaneSurface::getLocalClipBounds(velk::math::AxisAlignedBox& bounds) const
 {
     constexpr float kUnlimited = std::numeric_limits<float>::max();
-    bounds = velk::math::AxisAlignedBox(TAL::Vector3<float>(0.0f, 0.0f, 0.0f),
-                                        TAL::Vector3<float>(kUnlimited, kUnlimited, kUnlimited));
-    const TAL::Pose<float> pose = getPose();
+    bounds =
+        velk::math::AxisAlignedBox(Vector3f(0.0f, 0.0f, 0.0f), Vector3f(kUnlimited, kUnlimited, kUnlimited));
+    const Posef pose = getPose();
     for (const BoundsClipper& clipper : clippers_) {
         velk::math::AxisAlignedBox clipperBounds;
         clipper.getLocalBounds(pose, clipperBounds);
@@ -94,17 +94,17 @@ bool ClippedPlaneSurface::getLocalClipBounds(velk::math::AxisAlignedBox& bounds)
     return true;
 }
 
-bool ClippedPlaneSurface::clampPoint(const TAL::Vector3<float>& point, TAL::Vector3<float>& clamped) const
+bool ClippedPlaneSurface::clampPoint(const Vector3f& point, Vector3f& clamped) const
 {
     velk::math::AxisAlignedBox bounds;
     if (!getLocalClipBounds(bounds)) {
-        clamped = TAL::Vector3<float>::Zero();
+        clamped = Vector3f::Zero();
         return false;
     }
-    const TAL::Vector3<float> local = getPose().InverseTransform(point);
-    const TAL::Vector3<float> within(std::clamp(local.x, bounds.lowerBound.x, bounds.upperBound.x),
-                                     std::clamp(local.y, bounds.lowerBound.y, bounds.upperBound.y),
-                                     std::clamp(local.z, bounds.lowerBound.z, bounds.upperBound.z));
+    const Vector3f local = getPose().InverseTransform(point);
+    const Vector3f within(std::clamp(local.x, bounds.lowerBound.x, bounds.upperBound.x),
+                          std::clamp(local.y, bounds.lowerBound.y, bounds.upperBound.y),
+                          std::clamp(local.z, bounds.lowerBound.z, bounds.upperBound.z));
     clamped = getPose().Transform(within);
     return true;
 }

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
-#include "math/Pose.h"
-#include "math/Vector2.h"
-#include "math/Vector3.h"
 #include "velk_core/interaction/surfaces/BoundsClipper.h"
 #include "velk_core/interaction/surfaces/ISurfacePatch.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
@@ -26,31 +24,30 @@ public:
     explicit ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface);
     ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface, std::vector<BoundsClipper> clippers);
 
-    TAL::Pose<float> getPose() const override;
+    Posef getPose() const override;
 
     /// A hit of the plane that lies in the boxes, depth included.
     bool raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const override;
 
     /// The plane's closest point, moved into the boxes. `maxDistance` is held against the height over
     /// the plane, then against the way to the point found.
-    bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                             float maxDistance) const override;
+    bool closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const override;
 
     ISurface& getBackingSurface() const override;
 
     /// The bounds of the plane, not of the patch.
     velk::math::AxisAlignedBox getBounds() const override;
 
-    TAL::Vector3<float> getNormal() const;
-    void setPose(const TAL::Pose<float>& pose);
-    void setSize(const TAL::Vector2<float>& size);
+    Vector3f getNormal() const;
+    void setPose(const Posef& pose);
+    void setSize(const Vector2f& size);
 
     /// The box common to all clippers, in the plane's frame. False, with `bounds` zeroed, if there is
     /// none.
     bool getLocalClipBounds(velk::math::AxisAlignedBox& bounds) const;
 
     /// The point of the clip box nearest to `point`, both in world space.
-    bool clampPoint(const TAL::Vector3<float>& point, TAL::Vector3<float>& clamped) const;
+    bool clampPoint(const Vector3f& point, Vector3f& clamped) const;
 
 private:
     std::shared_ptr<PointablePlane> backingSurface_;

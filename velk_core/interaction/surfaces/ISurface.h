@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/Ray.h"
-#include "math/Vector3.h"
 #include "velk_core/core/IBounds.h"
 #include "velk_core/core/IPose.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
@@ -18,8 +18,7 @@ class ISurface : public velk::input::IPose, public velk::core::IBounds
 {
 public:
     virtual bool raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const = 0;
-    virtual bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                                     float maxDistance) const = 0;
+    virtual bool closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const = 0;
 };
 
 } // namespace velk::interaction::surface

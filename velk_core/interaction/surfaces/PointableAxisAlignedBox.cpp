@@ -1,72 +1,71 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction::surface
 {
 
-PointableAxisAlignedBox::PointableAxisAlignedBox(const TAL::Vector3<float>& centroid,
-                                                 const TAL::Vector3<float>& size)
+PointableAxisAlignedBox::PointableAxisAlignedBox(const Vector3f& centroid, const Vector3f& size)
     : box_(centroid, size)
 {
 }
 
-void PointableAxisAlignedBox::setBounds(const TAL::Vector3<float>& lower, const TAL::Vector3<float>& upper)
+void PointableAxisAlignedBox::setBounds(const Vector3f& lower, const Vector3f& upper)
 {
     box_.lowerBound = lower;
     box_.upperBound = upper;
     box_.calculatedCentroidAndSizeFromBounds();
 }
 
-void PointableAxisAlignedBox::setCentroidAndSize(const TAL::Vector3<float>& centroid,
-                                                 const TAL::Vector3<float>& size)
+void PointableAxisAlignedBox::setCentroidAndSize(const Vector3f& centroid, const Vector3f& size)
 {
     setBounds(centroid - size * 0.5f, centroid + size * 0.5f);
 }
 
-void PointableAxisAlignedBox::setLowerBound(const TAL::Vector3<float>& lower)
+void PointableAxisAlignedBox::setLowerBound(const Vector3f& lower)
 {
     setBounds(lower, getUpperBound());
 }
 
-void PointableAxisAlignedBox::setUpperBound(const TAL::Vector3<float>& upper)
+void PointableAxisAlignedBox::setUpperBound(const Vector3f& upper)
 {
     setBounds(getLowerBound(), upper);
 }
 
-void PointableAxisAlignedBox::setCentroid(const TAL::Vector3<float>& centroid)
+void PointableAxisAlignedBox::setCentroid(const Vector3f& centroid)
 {
     setCentroidAndSize(centroid, getSize());
 }
 
-void PointableAxisAlignedBox::setSize(const TAL::Vector3<float>& size)
+void PointableAxisAlignedBox::setSize(const Vector3f& size)
 {
     setCentroidAndSize(getCenter(), size);
 }
 
-TAL::Vector3<float> PointableAxisAlignedBox::getLowerBound() const
+Vector3f PointableAxisAlignedBox::getLowerBound() const
 {
     return box_.lowerBound;
 }
 
-TAL::Vector3<float> PointableAxisAlignedBox::getUpperBound() const
+Vector3f PointableAxisAlignedBox::getUpperBound() const
 {
     return box_.upperBound;
 }
 
-TAL::Vector3<float> PointableAxisAlignedBox::getCenter() const
+Vector3f PointableAxisAlignedBox::getCenter() const
 {
     return box_.centroid;
 }
 
-TAL::Vector3<float> PointableAxisAlignedBox::getSize() const
+Vector3f PointableAxisAlignedBox::getSize() const
 {
     return box_.halfSize * 2.0f;
 }
 
-TAL::Pose<float> PointableAxisAlignedBox::getPose() const
+Posef PointableAxisAlignedBox::getPose() const
 {
-    return TAL::Pose<float>(TAL::Quat<float>::Identity(), box_.centroid);
+    return Posef(Quatf::Identity(), box_.centroid);
 }
 
 bool PointableAxisAlignedBox::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const
@@ -85,7 +84,7 @@ bool PointableAxisAlignedBox::raycast(const velk::math::Ray& ray, SurfaceHit& hi
     return true;
 }
 
-bool PointableAxisAlignedBox::closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
+bool PointableAxisAlignedBox::closestSurfacePoint(const Vector3f& point, SurfaceHit& hit,
                                                   float maxDistance) const
 {
     hit.point = box_.closestPointOnSurface(point);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
-#include "math/Vector3.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
 
 namespace velk::interaction::surface
@@ -14,25 +14,25 @@ class PointableAxisAlignedBox : public ISurface
 {
 public:
     /// `size` is the full size, here and in all the other operations.
-    PointableAxisAlignedBox(const TAL::Vector3<float>& centroid, const TAL::Vector3<float>& size);
+    PointableAxisAlignedBox(const Vector3f& centroid, const Vector3f& size);
 
     /// Doesn't order the bounds: with a lower above an upper one, nothing is within.
-    void setBounds(const TAL::Vector3<float>& lower, const TAL::Vector3<float>& upper);
+    void setBounds(const Vector3f& lower, const Vector3f& upper);
 
     /// Goes through the bounds, so the centre can differ from `centroid` in its last bit.
-    void setCentroidAndSize(const TAL::Vector3<float>& centroid, const TAL::Vector3<float>& size);
-    void setLowerBound(const TAL::Vector3<float>& lower);
-    void setUpperBound(const TAL::Vector3<float>& upper);
-    void setCentroid(const TAL::Vector3<float>& centroid);
-    void setSize(const TAL::Vector3<float>& size);
+    void setCentroidAndSize(const Vector3f& centroid, const Vector3f& size);
+    void setLowerBound(const Vector3f& lower);
+    void setUpperBound(const Vector3f& upper);
+    void setCentroid(const Vector3f& centroid);
+    void setSize(const Vector3f& size);
 
-    TAL::Vector3<float> getLowerBound() const;
-    TAL::Vector3<float> getUpperBound() const;
-    TAL::Vector3<float> getCenter() const;
-    TAL::Vector3<float> getSize() const;
+    Vector3f getLowerBound() const;
+    Vector3f getUpperBound() const;
+    Vector3f getCenter() const;
+    Vector3f getSize() const;
 
     /// The centre, unrotated.
-    TAL::Pose<float> getPose() const override;
+    Posef getPose() const override;
 
     /// Distances, and `maxDistance`, are along the ray in lengths of its direction. From within the box
     /// the distance is negative: the hit is where the ray came in, behind its origin.
@@ -40,8 +40,7 @@ public:
 
     /// A point within goes to its nearest face. The normal is that of the face nearest to the query's
     /// point. `hit` is filled in any case.
-    bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                             float maxDistance) const override;
+    bool closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const override;
 
     velk::math::AxisAlignedBox getBounds() const override;
 

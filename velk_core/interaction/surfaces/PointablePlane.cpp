@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/surfaces/PointablePlane.h"
+#include "math/Aliases.h"
 
 #include <cmath>
 #include <limits>
@@ -24,33 +25,33 @@ float boundsSize(float normalComponent)
 } // namespace
 
 PointablePlane::PointablePlane()
-    : PointablePlane(TAL::Pose<float>::Identity(), TAL::Vector2<float>(kLargest, kLargest))
+    : PointablePlane(Posef::Identity(), Vector2f(kLargest, kLargest))
 {
 }
 
-PointablePlane::PointablePlane(const TAL::Pose<float>& pose, const TAL::Vector2<float>& size)
+PointablePlane::PointablePlane(const Posef& pose, const Vector2f& size)
 {
     setPose(pose);
     setSize(size);
 }
 
-void PointablePlane::setPose(const TAL::Pose<float>& pose)
+void PointablePlane::setPose(const Posef& pose)
 {
-    plane_ = velk::math::Plane(pose.translation, pose.rotation * TAL::Vector3<float>(0.0f, 0.0f, 1.0f));
+    plane_ = velk::math::Plane(pose.translation, pose.rotation * Vector3f(0.0f, 0.0f, 1.0f));
     pose_ = pose;
 }
 
-void PointablePlane::setSize(const TAL::Vector2<float>& size)
+void PointablePlane::setSize(const Vector2f& size)
 {
     size_ = size;
 }
 
-TAL::Vector3<float> PointablePlane::getNormal() const
+Vector3f PointablePlane::getNormal() const
 {
     return plane_.getNormal();
 }
 
-TAL::Pose<float> PointablePlane::getPose() const
+Posef PointablePlane::getPose() const
 {
     return pose_;
 }
@@ -77,18 +78,17 @@ bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float 
     hit.point = ray.origin + ray.direction.Normalized() * t;
     hit.distance = t;
 
-    const TAL::Vector3<float> offset = hit.point - pose_.translation;
-    if (std::fabs(offset.Dot(pose_.Rotate(TAL::Vector3<float>(1.0f, 0.0f, 0.0f)))) > size_.x) {
+    const Vector3f offset = hit.point - pose_.translation;
+    if (std::fabs(offset.Dot(pose_.Rotate(Vector3f(1.0f, 0.0f, 0.0f)))) > size_.x) {
         return false;
     }
-    if (std::fabs(offset.Dot(pose_.Rotate(TAL::Vector3<float>(0.0f, 1.0f, 0.0f)))) > size_.y) {
+    if (std::fabs(offset.Dot(pose_.Rotate(Vector3f(0.0f, 1.0f, 0.0f)))) > size_.y) {
         return false;
     }
     return true;
 }
 
-bool PointablePlane::closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                                         float maxDistance) const
+bool PointablePlane::closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const
 {
     const float distance = std::fabs(plane_.getSignedDistanceToPlane(point));
     if (maxDistance > 0.0f && distance > maxDistance) {
@@ -102,8 +102,8 @@ bool PointablePlane::closestSurfacePoint(const TAL::Vector3<float>& point, Surfa
 
 velk::math::AxisAlignedBox PointablePlane::getBounds() const
 {
-    const TAL::Vector3<float> normal = plane_.getNormal();
-    const TAL::Vector3<float> size(boundsSize(normal.x), boundsSize(normal.y), boundsSize(normal.z));
+    const Vector3f normal = plane_.getNormal();
+    const Vector3f size(boundsSize(normal.x), boundsSize(normal.y), boundsSize(normal.z));
     return velk::math::AxisAlignedBox(pose_.translation, size);
 }
 

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "math/Aliases.h"
 #include "math/Plane.h"
-#include "math/Pose.h"
-#include "math/Vector2.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
 
 namespace velk::interaction::surface
@@ -17,32 +16,31 @@ class PointablePlane : public ISurface
 public:
     /// In effect infinite, at the identity.
     PointablePlane();
-    PointablePlane(const TAL::Pose<float>& pose, const TAL::Vector2<float>& size);
+    PointablePlane(const Posef& pose, const Vector2f& size);
 
-    void setPose(const TAL::Pose<float>& pose);
+    void setPose(const Posef& pose);
 
     /// How far the rectangle reaches from its centre along local x and y: half-widths.
-    void setSize(const TAL::Vector2<float>& size);
+    void setSize(const Vector2f& size);
 
-    TAL::Vector3<float> getNormal() const;
+    Vector3f getNormal() const;
 
-    TAL::Pose<float> getPose() const override;
+    Posef getPose() const override;
 
     /// `maxDistance` limits the height of the ray's origin over the plane, not the length of the ray.
     /// The hit's distance is in units of space. A ray that starts on the plane misses.
     bool raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const override;
 
     /// Looks neither at the size nor at the side. Leaves `hit` alone where it returns false.
-    bool closestSurfacePoint(const TAL::Vector3<float>& point, SurfaceHit& hit,
-                             float maxDistance) const override;
+    bool closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const override;
 
     /// Thin along a normal that lies on a world axis, endless otherwise, whatever the size.
     velk::math::AxisAlignedBox getBounds() const override;
 
 private:
     velk::math::Plane plane_; ///< derived from pose_
-    TAL::Vector2<float> size_;
-    TAL::Pose<float> pose_;
+    Vector2f size_;
+    Posef pose_;
 };
 
 } // namespace velk::interaction::surface

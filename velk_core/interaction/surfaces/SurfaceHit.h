@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Vector3.h"
+#include "math/Aliases.h"
 
 namespace velk::interaction::surface
 {
@@ -10,8 +10,8 @@ namespace velk::interaction::surface
 /// What a query found on a surface, in world space.
 struct SurfaceHit
 {
-    TAL::Vector3<float> point;
-    TAL::Vector3<float> normal;
+    Vector3f point;
+    Vector3f normal;
     float distance =
         0.0f; ///< From the query's point, or along its ray. A box hit from inside has it negative.
 };

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/visuals/HandPokeLimiterVisual.h"
+#include "math/Aliases.h"
 
 #include "velk_common/VelkAssert.h"
 
@@ -64,11 +65,11 @@ void HandPokeLimiterVisual::updateWrist() const
     if (!hand || !interactor || !syntheticHand) {
         return;
     }
-    const TAL::Pose<float> wristPose = hand->getData().rootPose;
-    const TAL::Vector3<float> offset = wristPose.translation - interactor->getOrigin();
-    const TAL::Vector3<float> position =
+    const Posef wristPose = hand->getData().rootPose;
+    const Vector3f offset = wristPose.translation - interactor->getOrigin();
+    const Vector3f position =
         interactor->getTouchPoint() + offset + interactor->getRadius() * interactor->getTouchNormal();
-    syntheticHand->lockWristPose(TAL::Pose<float>(wristPose.rotation, position), kLockedInFull,
+    syntheticHand->lockWristPose(Posef(wristPose.rotation, position), kLockedInFull,
                                  SyntheticHand::WristLockMode::PositionAndRotation, kSkipAnimation);
 }
 

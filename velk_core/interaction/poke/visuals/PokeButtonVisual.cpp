@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/visuals/PokeButtonVisual.h"
+#include "math/Aliases.h"
 
 #include "velk_common/VelkAssert.h"
 #include "velk_core/interaction/poke/PokeGeometry.h"
@@ -30,8 +31,8 @@ float calculateExtentFromState(const PokeInteractable* interactable, float exten
 
 } // namespace
 
-PokeButtonVisual::PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable,
-                                   TAL::Pose<float> basePose, float maxExtent)
+PokeButtonVisual::PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose,
+                                   float maxExtent)
     : basePose_(basePose)
     , maxExtent_(maxExtent)
     , currentExtent_(maxExtent)
@@ -46,8 +47,8 @@ PokeButtonVisual::~PokeButtonVisual()
     unsubInteractorPostprocessHandler();
 }
 
-void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable,
-                                           TAL::Pose<float> basePose, float maxExtent)
+void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose,
+                                           float maxExtent)
 {
     unsubInteractorPostprocessHandler();
     unsubInteractorAddedRemovedHandlers();
@@ -63,17 +64,16 @@ void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeI
     updateVisualPosition();
 }
 
-void PokeButtonVisual::updateBasePose(const TAL::Pose<float>& basePose, float maxExtent)
+void PokeButtonVisual::updateBasePose(const Posef& basePose, float maxExtent)
 {
     basePose_ = basePose;
     maxExtent_ = maxExtent;
     updateVisualPosition();
 }
 
-TAL::Pose<float> PokeButtonVisual::getCurrentPose() const
+Posef PokeButtonVisual::getCurrentPose() const
 {
-    return TAL::Pose<float>(basePose_.rotation,
-                            basePose_.Transform(TAL::Vector3<float>(0.0f, 0.0f, currentExtent_)));
+    return Posef(basePose_.rotation, basePose_.Transform(Vector3f(0.0f, 0.0f, currentExtent_)));
 }
 
 // One finger's frame is enough to update: the update looks at all of them.

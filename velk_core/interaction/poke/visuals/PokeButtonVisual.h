@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Pose.h"
+#include "math/Aliases.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
 
@@ -27,22 +27,21 @@ class PokeButtonVisual
 public:
     /// Local +z of `basePose` is the direction of the extent; metres. An interactable that is gone already
     /// ends the process. One that goes later leaves the cap at rest.
-    PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable, TAL::Pose<float> basePose,
-                     float maxExtent);
+    PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose, float maxExtent);
     ~PokeButtonVisual();
 
     PokeButtonVisual(const PokeButtonVisual&) = delete;
     PokeButtonVisual& operator=(const PokeButtonVisual&) = delete;
 
     /// A finger that is on the interactable already moves the cap only once another one comes.
-    void setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, TAL::Pose<float> basePose,
+    void setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose,
                              float maxExtent);
 
     /// Takes effect at once, also with fingers present.
-    void updateBasePose(const TAL::Pose<float>& basePose, float maxExtent);
+    void updateBasePose(const Posef& basePose, float maxExtent);
 
     float getCurrentExtent() const { return currentExtent_; }
-    TAL::Pose<float> getCurrentPose() const;
+    Posef getCurrentPose() const;
 
 private:
     void handleInteractorAdded(PokeInteractor* interactor);
@@ -57,7 +56,7 @@ private:
     uint32_t interactorRemovedHandler_ = 0;
     PokeInteractor* monitoredInteractor_ = nullptr; // kept valid by handleInteractorRemoved
     uint32_t interactorPostprocessHandler_ = 0;
-    TAL::Pose<float> basePose_;
+    Posef basePose_;
     float maxExtent_;
     float currentExtent_;
 };
