@@ -3,32 +3,12 @@
 #include "math/Aliases.h"
 #include "tests/support/PokeScene.h"
 #include "velk_core/core/IPosition.h"
-#include "velk_core/utility/SlotTable.h"
 
 #include <limits>
 #include <optional>
 
 namespace velk::test
 {
-
-using utility::SlotIndex;
-
-TEST(SlotTable, AnEntryDiesWithItsOwner)
-{
-    utility::SlotTable<int> table;
-    const SlotIndex first;
-    std::optional<SlotIndex> second(std::in_place);
-    EXPECT_EQ(table.find(first), nullptr);
-    table.assign(*second) = 2;
-    table.assign(first) = 1;
-    EXPECT_EQ(*table.find(*second), 2);
-    const std::size_t place = second->index();
-    second.reset();
-    const SlotIndex successor;
-    EXPECT_EQ(successor.index(), place);
-    EXPECT_EQ(table.find(successor), nullptr);
-    EXPECT_EQ(*table.find(first), 1);
-}
 
 using PokeLifetime = PokeScene;
 

@@ -5,6 +5,8 @@
 #include "velk_core/utility/MultiAction.h"
 #include "velk_core/utility/OrderedSet.h"
 #include "velk_core/utility/ProgressCurve.h"
+#include "velk_core/utility/SlotTable.h"
+#include "velk_core/utility/Subscription.h"
 #include "velk_core/utility/UniqueIdentifier.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +14,9 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 using namespace velk;
 using testing::ElementsAre;
@@ -85,6 +90,23 @@ TEST(HandlerToken, EndsWithItsScopeUnlessReleased)
     auto token = action->registerHandler([] {});
     token.release();
     action.reset(); // the token must not touch it any more
+}
+
+TEST(SlotTable, AnEntryDiesWithItsOwner)
+{
+    utility::SlotTable<int> table;
+    const utility::SlotIndex first;
+    std::optional<utility::SlotIndex> second(std::in_place);
+    EXPECT_EQ(table.find(first), nullptr);
+    table.assign(*second) = 2;
+    table.assign(first) = 1;
+    EXPECT_EQ(*table.find(*second), 2);
+    const std::size_t place = second->index();
+    second.reset();
+    const utility::SlotIndex successor;
+    EXPECT_EQ(successor.index(), place);
+    EXPECT_EQ(table.find(successor), nullptr);
+    EXPECT_EQ(*table.find(first), 1);
 }
 
 TEST(UniqueIdentifier, Rises)

@@ -58,16 +58,17 @@ public:
         if (pointableElement_ == nullptr) {
             return;
         }
-        pointableElementToken_ = whenPointerEventRaised_.subscribe(
+        // An element that was registered before goes on hearing.
+        pointableElementSubscription_.release();
+        pointableElementSubscription_ = whenPointerEventRaised_.registerHandler(
             [held = pointableElement_](const PointerEvent& event) { held->processPointerEvent(event); });
     }
 
     void unregisterPointableElement()
     {
         if (pointableElement_ != nullptr) {
-            common::velkAssert(pointableElementToken_ < utility::kNoToken);
-            whenPointerEventRaised_.unsubscribe(pointableElementToken_);
-            pointableElementToken_ = utility::kNoToken;
+            common::velkAssert(pointableElementSubscription_.isHeld());
+            pointableElementSubscription_.end();
         }
         pointableElement_.reset();
     }
@@ -75,7 +76,7 @@ public:
 private:
     utility::MultiAction<const PointerEvent&> whenPointerEventRaised_;
     std::shared_ptr<IPointableElement> pointableElement_;
-    uint32_t pointableElementToken_ = utility::kNoToken;
+    utility::Subscription pointableElementSubscription_;
 };
 
 } // namespace velk::interaction

@@ -5,8 +5,9 @@
 #include "math/Aliases.h"
 #include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/Interactor.h"
+#include "velk_core/utility/Subscription.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -23,16 +24,6 @@ class PointerInteractor : public Interactor<TInteractor, TInteractable>
 
 public:
     using Base::Base;
-
-    /// The elements that this interactor still listens to may outlive it.
-    ~PointerInteractor() override
-    {
-        for (const ElementSubscription& subscription : elementSubscriptions_) {
-            if (const auto element = subscription.element.lock()) {
-                element->unsubscribeToWhenPointerEventRaised(subscription.token);
-            }
-        }
-    }
 
 protected:
     void interactableSet(TInteractable* interactable) override
@@ -78,7 +69,7 @@ protected:
         }
         target->removeInteractorById(this->getIdentifier());
         if (const auto element = target->getPointableElement()) {
-            unsubscribeFromElement(element);
+            unsubscribeFromElement(*element);
         }
     }
 
@@ -96,40 +87,36 @@ protected:
             if (type == PointerEventType::Hover) {
                 subscribeToElement(element);
             } else if (type == PointerEventType::Unhover) {
-                unsubscribeFromElement(element);
+                unsubscribeFromElement(*element);
             }
         }
         target->publishPointerEvent(PointerEvent(this->getIdentifier(), type, pose));
     }
 
 private:
-    struct ElementSubscription
-    {
-        std::weak_ptr<IPointableElement> element;
-        uint32_t token = utility::kNoToken;
-    };
-
     void subscribeToElement(const std::shared_ptr<IPointableElement>& element)
     {
-        pointerEventToken_ = element->subscribeToWhenPointerEventRaised(
+        if (elementSubscription_.isHeld()) {
+            std::erase_if(droppedSubscriptions_, [](const auto& dropped) { return dropped.isExpired(); });
+            droppedSubscriptions_.push_back(std::move(elementSubscription_));
+        }
+        const uint32_t token = element->subscribeToWhenPointerEventRaised(
             [this](const PointerEvent& event) { handlePointerEventRaised(event); });
-        std::erase_if(elementSubscriptions_, [](const auto& former) { return former.element.expired(); });
-        elementSubscriptions_.push_back({element, pointerEventToken_});
+        elementSubscription_ =
+            utility::Subscription::with<&IPointable::unsubscribeToWhenPointerEventRaised>(element, token);
     }
 
-    void unsubscribeFromElement(const std::shared_ptr<IPointableElement>& element)
+    void unsubscribeFromElement(const IPointableElement& element)
     {
-        element->unsubscribeToWhenPointerEventRaised(pointerEventToken_);
-        std::erase_if(elementSubscriptions_, [&](const auto& subscription) {
-            return subscription.token == pointerEventToken_ && subscription.element.lock() == element;
-        });
+        if (elementSubscription_.isWith(&element)) {
+            elementSubscription_.end();
+        }
     }
 
-    /// The subscription with the element of the interactable that is hovered now.
-    uint32_t pointerEventToken_ = utility::kNoToken;
-    /// All subscriptions not yet ended. There is one at most, but for an interactable that drops its element
-    /// while this interactor is on it.
-    std::vector<ElementSubscription> elementSubscriptions_;
+    /// With the element of the interactable that is hovered now.
+    utility::Subscription elementSubscription_;
+    /// With elements that interactables dropped while this interactor was on them: no Unhover reached these.
+    std::vector<utility::Subscription> droppedSubscriptions_;
 };
 
 } // namespace velk::interaction

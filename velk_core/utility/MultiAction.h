@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "velk_core/utility/Subscription.h"
+
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -9,9 +11,6 @@
 
 namespace velk::utility
 {
-
-/// Stands for "no subscription" wherever a token is remembered.
-inline constexpr uint32_t kNoToken = 0xFFFFFFFFu;
 
 /// A multicast list of callbacks. Subscribers are called in the order of subscription.
 ///
@@ -24,32 +23,7 @@ class MultiAction
 public:
     using Handler = std::function<void(Args...)>;
 
-    /// A subscription that ends with its scope. Must not outlive its MultiAction unless it was released.
-    class HandlerToken
-    {
-    public:
-        HandlerToken(MultiAction& action, uint32_t token)
-            : action_(action)
-            , token_(token)
-        {
-        }
-        HandlerToken(const HandlerToken&) = delete;
-        HandlerToken& operator=(const HandlerToken&) = delete;
-
-        ~HandlerToken() // implicitly noexcept: nothing may pass
-        {
-            if (token_ < kNoToken) {
-                action_.unsubscribe(token_);
-            }
-        }
-
-        /// Forgets the subscription without touching the MultiAction, for when that has gone first.
-        void release() { token_ = kNoToken; }
-
-    private:
-        MultiAction& action_;
-        uint32_t token_;
-    };
+    using HandlerToken = Subscription;
 
     /// Tokens rise from 1 and are not reused.
     uint32_t subscribe(Handler&& handler)

@@ -11,6 +11,7 @@ namespace velk::interaction
 {
 
 using data_source::SyntheticHand;
+using utility::Subscription;
 
 namespace
 {
@@ -26,25 +27,21 @@ HandPokeLimiterVisual::HandPokeLimiterVisual(std::weak_ptr<data_source::IDataSou
     : hand_(std::move(hand))
     , pokeInteractor_(std::move(pokeInteractor))
     , syntheticHand_(std::move(syntheticHand))
-    , stateChangedHandler_(pokeInteractor_.lock()->registerWhenStateChangedHandler(
-          [this](InteractorStateChangeArgs args) { handleStateChanged(args); }))
 {
     const auto interactor = pokeInteractor_.lock();
     common::velkAssert(interactor != nullptr);
-    passedSurfaceHandler_ = interactor->subscribeToWhenPassedSurfaceChanged(
-        [this](bool passed) { handlePassedSurfaceChanged(passed); });
+    stateChangedHandler_ = interactor
+                               ->registerWhenStateChangedHandler(
+                                   [this](InteractorStateChangeArgs args) { handleStateChanged(args); })
+                               .guardedBy(interactor);
+    passedSurfaceHandler_ = Subscription::with<&PokeInteractor::unsubscribeToWhenPassedSurfaceChanged>(
+        interactor, interactor->subscribeToWhenPassedSurfaceChanged(
+                        [this](bool passed) { handlePassedSurfaceChanged(passed); }));
 }
 
 HandPokeLimiterVisual::~HandPokeLimiterVisual()
 {
-    const auto interactor = pokeInteractor_.lock();
-    if (!interactor) {
-        // The subscriptions went with the interactor; the wrist is left as it is.
-        stateChangedHandler_.release();
-        return;
-    }
-    interactor->unsubscribeToWhenPassedSurfaceChanged(passedSurfaceHandler_);
-    if (isWristLocked_) {
+    if (isWristLocked_ && !pokeInteractor_.expired()) {
         unlockWrist();
     }
 }

@@ -8,9 +8,8 @@
 #include "velk_core/data_sources/hand/SyntheticHand.h"
 #include "velk_core/interaction/InteractorState.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
-#include "velk_core/utility/MultiAction.h"
+#include "velk_core/utility/Subscription.h"
 
-#include <cstdint>
 #include <memory>
 
 namespace velk::interaction
@@ -47,8 +46,8 @@ private:
     std::weak_ptr<PokeInteractor> pokeInteractor_;
     std::weak_ptr<data_source::SyntheticHand> syntheticHand_;
     bool isWristLocked_ = false;
-    uint32_t passedSurfaceHandler_ = utility::kNoToken;
-    utility::MultiAction<InteractorStateChangeArgs>::HandlerToken stateChangedHandler_;
+    utility::Subscription passedSurfaceHandler_;
+    utility::Subscription stateChangedHandler_;
 };
 
 } // namespace velk::interaction

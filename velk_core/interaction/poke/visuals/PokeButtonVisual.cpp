@@ -12,6 +12,8 @@
 namespace velk::interaction
 {
 
+using utility::Subscription;
+
 namespace
 {
 
@@ -41,25 +43,22 @@ PokeButtonVisual::PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteracta
     setPokeInteractable(std::move(pokeInteractable), basePose, maxExtent);
 }
 
-PokeButtonVisual::~PokeButtonVisual()
-{
-    unsubInteractorAddedRemovedHandlers();
-    unsubInteractorPostprocessHandler();
-}
-
 void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose,
                                            float maxExtent)
 {
-    unsubInteractorPostprocessHandler();
-    unsubInteractorAddedRemovedHandlers();
+    stopMonitoring();
+    interactorAddedHandler_.end();
+    interactorRemovedHandler_.end();
     pokeInteractable_ = std::move(pokeInteractable);
     basePose_ = basePose;
     maxExtent_ = maxExtent;
     if (const auto interactable = pokeInteractable_.lock()) {
-        interactorAddedHandler_ = interactable->subscribeToWhenInteractorAdded(
-            [this](PokeInteractor* interactor) { handleInteractorAdded(interactor); });
-        interactorRemovedHandler_ = interactable->subscribeToWhenInteractorRemoved(
-            [this](PokeInteractor* interactor) { handleInteractorRemoved(interactor); });
+        interactorAddedHandler_ = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorAdded>(
+            interactable, interactable->subscribeToWhenInteractorAdded(
+                              [this](PokeInteractor* interactor) { handleInteractorAdded(interactor); }));
+        interactorRemovedHandler_ = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorRemoved>(
+            interactable, interactable->subscribeToWhenInteractorRemoved(
+                              [this](PokeInteractor* interactor) { handleInteractorRemoved(interactor); }));
     }
     updateVisualPosition();
 }
@@ -90,7 +89,7 @@ void PokeButtonVisual::handleInteractorRemoved(PokeInteractor* interactor)
     if (interactor != monitoredInteractor_) {
         return;
     }
-    unsubInteractorPostprocessHandler();
+    stopMonitoring();
     const auto interactable = pokeInteractable_.lock();
     if (interactable != nullptr && interactable->getInteractorsCount() != 0) {
         monitor(*interactable->getInteractors().begin());
@@ -102,26 +101,13 @@ void PokeButtonVisual::handleInteractorRemoved(PokeInteractor* interactor)
 void PokeButtonVisual::monitor(PokeInteractor* interactor)
 {
     monitoredInteractor_ = interactor;
-    interactorPostprocessHandler_ =
-        interactor->subscribeToWhenPostprocessed([this] { updateVisualPosition(); });
+    interactorPostprocessHandler_ = Subscription::with<&PokeInteractor::unsubscribeToWhenPostprocessed>(
+        *interactor, interactor->subscribeToWhenPostprocessed([this] { updateVisualPosition(); }));
 }
 
-void PokeButtonVisual::unsubInteractorAddedRemovedHandlers()
+void PokeButtonVisual::stopMonitoring()
 {
-    if (const auto interactable = pokeInteractable_.lock()) {
-        interactable->unsubscribeToWhenInteractorAdded(interactorAddedHandler_);
-        interactable->unsubscribeToWhenInteractorRemoved(interactorRemovedHandler_);
-    }
-    interactorAddedHandler_ = 0;
-    interactorRemovedHandler_ = 0;
-}
-
-void PokeButtonVisual::unsubInteractorPostprocessHandler()
-{
-    if (interactorPostprocessHandler_ != 0) {
-        monitoredInteractor_->unsubscribeToWhenPostprocessed(interactorPostprocessHandler_);
-    }
-    interactorPostprocessHandler_ = 0;
+    interactorPostprocessHandler_.end();
     monitoredInteractor_ = nullptr;
 }
 

@@ -5,8 +5,8 @@
 #include "math/Aliases.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
+#include "velk_core/utility/Subscription.h"
 
-#include <cstdint>
 #include <memory>
 
 namespace velk::interaction
@@ -28,7 +28,7 @@ public:
     /// Local +z of `basePose` is the direction of the extent; metres. An interactable that is gone already
     /// ends the process. One that goes later leaves the cap at rest.
     PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose, float maxExtent);
-    ~PokeButtonVisual();
+    ~PokeButtonVisual() = default;
 
     PokeButtonVisual(const PokeButtonVisual&) = delete;
     PokeButtonVisual& operator=(const PokeButtonVisual&) = delete;
@@ -47,15 +47,14 @@ private:
     void handleInteractorAdded(PokeInteractor* interactor);
     void handleInteractorRemoved(PokeInteractor* interactor);
     void monitor(PokeInteractor* interactor);
-    void unsubInteractorAddedRemovedHandlers();
-    void unsubInteractorPostprocessHandler();
+    void stopMonitoring();
     void updateVisualPosition();
 
     std::weak_ptr<PokeInteractable> pokeInteractable_;
-    uint32_t interactorAddedHandler_ = 0; // 0 stands for no subscription, here and below
-    uint32_t interactorRemovedHandler_ = 0;
+    utility::Subscription interactorAddedHandler_;
+    utility::Subscription interactorRemovedHandler_;
     PokeInteractor* monitoredInteractor_ = nullptr; // kept valid by handleInteractorRemoved
-    uint32_t interactorPostprocessHandler_ = 0;
+    utility::Subscription interactorPostprocessHandler_;
     Posef basePose_;
     float maxExtent_;
     float currentExtent_;
