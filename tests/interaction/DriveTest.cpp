@@ -5,6 +5,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+
 using namespace velk;
 using namespace velk::test;
 using interaction::InteractableState;
@@ -227,6 +232,72 @@ TEST_F(Drive, StepsOfTheMachineDoNothingOutsideTheirState)
     tor.select();
     EXPECT_THAT(log, IsEmpty());
     EXPECT_EQ(tor.getState(), InteractorState::Select);
+}
+
+// The table at the top of InteractorMachine.cpp, row by row. Each way there starts from Normal and a press
+// still pending.
+TEST_F(Drive, EachRowOfTheTableOfTransitions)
+{
+    struct Row
+    {
+        InteractorState from;
+        InteractorState to;
+        void (FakeInteractor::*by)();
+        std::function<void()> when;
+        std::function<bool()> decided;
+        bool isHeard;
+    };
+    using enum InteractorState;
+    const auto nothing = [] {};
+    const auto always = [] { return true; };
+    const auto lookFor = [this](FakeInteractable* wanted) {
+        return [this, wanted] {
+            tor.wanted = wanted;
+            tor.processCandidate();
+        };
+    };
+    const auto shouldHover = [this] { return tor.shouldHover(); };
+    const auto shouldSelect = [this] { return tor.shouldSelect(); };
+    const Row rows[] = {
+        {Normal, Hover, &FakeInteractor::hover, lookFor(&able), shouldHover, true},
+        {Normal, Hover, &FakeInteractor::hover, lookFor(nullptr), shouldHover, true},
+        {Hover, Select, &FakeInteractor::select, nothing, shouldSelect, true},
+        {Hover, Normal, &FakeInteractor::unhover, lookFor(nullptr), [this] { return tor.shouldUnhover(); },
+         true},
+        {Select, Hover, &FakeInteractor::unselect, [this] { selector->unselect(); },
+         [this] { return tor.shouldUnselect(); }, true},
+        {Disabled, Normal, &FakeInteractor::enable, nothing, always, false},
+        {Normal, Disabled, &FakeInteractor::disable, nothing, always, false},
+        {Hover, Disabled, &FakeInteractor::disable, nothing, always, false},
+        {Select, Disabled, &FakeInteractor::disable, nothing, always, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(nameOf(row.from) + " to " + nameOf(row.to));
+        tor.disable();
+        tor.wanted = nullptr;
+        tor.postprocess();
+        if (row.from != Disabled) {
+            tor.enable();
+            selector->select();
+        }
+        if (row.from == Hover || row.from == Select) {
+            lookFor (&able)();
+            tor.hover();
+        }
+        if (row.from == Select) {
+            tor.select();
+        }
+        ASSERT_EQ(tor.getState(), row.from);
+        row.when();
+        EXPECT_TRUE(row.decided());
+        log.clear();
+        (tor.*row.by)();
+        EXPECT_EQ(tor.getState(), row.to);
+        const std::string change = "tor " + nameOf(row.from) + ">" + nameOf(row.to);
+        EXPECT_EQ(std::count_if(log.begin(), log.end(), [](auto& line) { return line.starts_with("tor "); }),
+                  row.isHeard ? 1 : 0);
+        EXPECT_EQ(std::count(log.begin(), log.end(), change), row.isHeard ? 1 : 0);
+    }
 }
 
 TEST_F(Drive, WhatIsNoRootDriverDoesNotMove)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "velk_core/interaction/PointerEvent.h"
+#include "velk_core/interaction/pointer/PointerEvent.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "math/Aliases.h"
-#include "velk_core/interaction/PointerInteractable.h"
-#include "velk_core/interaction/PointerInteractor.h"
+#include "velk_core/interaction/pointer/PointerInteractable.h"
+#include "velk_core/interaction/pointer/PointerInteractor.h"
 
 #include <memory>
 #include <string>

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "velk_core/core/IEnable.h"
-#include "velk_core/interaction/FilterPayloads.h"
-#include "velk_core/interaction/IFilterableObject.h"
 #include "velk_core/interaction/IInteractable.h"
-#include "velk_core/interaction/IObjectFilter.h"
 #include "velk_core/interaction/InteractableRegistry.h"
+#include "velk_core/interaction/filters/FilterPayloads.h"
+#include "velk_core/interaction/filters/IFilterableObject.h"
+#include "velk_core/interaction/filters/IObjectFilter.h"
 #include "velk_core/utility/MultiAction.h"
 #include "velk_core/utility/OrderedSet.h"
 
@@ -56,7 +56,7 @@ public:
         for (TInteractor* interactor : Interactors(interactors_)) {
             removeInteractor(interactor);
         }
-        // Stored past setState on purpose: the way into Disabled is silent, the way out of it is not.
+        // Not through setState(): the way into Disabled is silent, the way out of it is not.
         state_ = InteractableState::Disabled;
         getRegistry().unregisterInteractable(getInteractablePtr());
     }

@@ -4,6 +4,7 @@
 
 #include "velk_core/utility/MultiAction.h"
 #include "velk_core/utility/OrderedSet.h"
+#include "velk_core/utility/Subscription.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,7 +21,13 @@ class InteractableRegistry
 {
 public:
     void registerInteractable(TInteractable* interactable) { interactables_.insert(interactable); }
-    void unregisterInteractable(TInteractable* interactable) { interactables_.erase(interactable); }
+    void unregisterInteractable(TInteractable* interactable)
+    {
+        interactables_.erase(interactable);
+        if (interactables_.empty()) {
+            interactables_ = {}; // gives the buffer back, see NeverDestroyed
+        }
+    }
 
     /// The interactables that `interactor` may consider. An empty `filter` admits everything.
     std::vector<TInteractable*> list(TInteractor& interactor,
@@ -56,6 +63,12 @@ public:
     void unsubscribeToWhenInteractableDestroyed(uint32_t token)
     {
         whenInteractableDestroyed_.unsubscribe(token);
+    }
+
+    utility::Subscription
+    registerInteractableDestroyedHandler(std::function<void(const TInteractable*)>&& handler)
+    {
+        return whenInteractableDestroyed_.registerHandler(std::move(handler));
     }
 
 private:

@@ -9,8 +9,9 @@
 namespace velk::utility
 {
 
-/// What one object remembers about each owner of a SlotIndex, without holding on to it. A look-up is one
-/// array access; an entry dies with its owner, whatever comes to stand at the same index or address later.
+/// One value for each owner of a SlotIndex. A look-up is one array access. The table neither owns the owners
+/// nor hears of their end: an entry counts only while its serial is the owner's, so one that takes over the
+/// index of a dead owner finds nothing.
 template <typename T>
 class SlotTable
 {

@@ -4,9 +4,9 @@
 
 #include "math/Aliases.h"
 #include "velk_core/core/TimeProvider.h"
-#include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/InteractableRegistry.h"
-#include "velk_core/interaction/PointerInteractable.h"
+#include "velk_core/interaction/pointer/IPointableElement.h"
+#include "velk_core/interaction/pointer/PointerInteractable.h"
 #include "velk_core/interaction/surfaces/ISurfacePatch.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 #include "velk_core/utility/ProgressCurve.h"

@@ -6,7 +6,7 @@
 #include "velk_core/core/IActiveState.h"
 #include "velk_core/core/IPayload.h"
 #include "velk_core/core/IPosition.h"
-#include "velk_core/interaction/PointerInteractor.h"
+#include "velk_core/interaction/pointer/PointerInteractor.h"
 #include "velk_core/interaction/poke/PokeCandidate.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/poke/SurfaceHitCache.h"

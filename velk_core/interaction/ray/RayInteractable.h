@@ -5,7 +5,7 @@
 #include "math/Aliases.h"
 #include "math/Ray.h"
 #include "velk_core/interaction/InteractableRegistry.h"
-#include "velk_core/interaction/PointerInteractable.h"
+#include "velk_core/interaction/pointer/PointerInteractable.h"
 #include "velk_core/interaction/ray/IMovementProvider.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"

@@ -9,7 +9,7 @@
 #include "velk_core/core/IPose.h"
 #include "velk_core/interaction/ICandidatePosition.h"
 #include "velk_core/interaction/ICandidateProperty.h"
-#include "velk_core/interaction/PointerInteractor.h"
+#include "velk_core/interaction/pointer/PointerInteractor.h"
 #include "velk_core/interaction/ray/IMovement.h"
 #include "velk_core/interaction/ray/RayInteractable.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "velk_core/interaction/IFilterPayload.h"
+#include "velk_core/interaction/filters/IFilterPayload.h"
 
 #include <memory>
 #include <typeindex>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "velk_core/interaction/IFilterableObject.h"
+#include "velk_core/interaction/filters/IFilterableObject.h"
 
 namespace velk::interaction::filters
 {

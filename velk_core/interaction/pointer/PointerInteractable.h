@@ -3,9 +3,9 @@
 #pragma once
 
 #include "velk_common/VelkAssert.h"
-#include "velk_core/interaction/IPointable.h"
-#include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/Interactable.h"
+#include "velk_core/interaction/pointer/IPointable.h"
+#include "velk_core/interaction/pointer/IPointableElement.h"
 
 #include <memory>
 #include <utility>

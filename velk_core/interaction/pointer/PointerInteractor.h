@@ -3,8 +3,8 @@
 #pragma once
 
 #include "math/Aliases.h"
-#include "velk_core/interaction/IPointableElement.h"
 #include "velk_core/interaction/Interactor.h"
+#include "velk_core/interaction/pointer/IPointableElement.h"
 #include "velk_core/utility/Subscription.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "velk_core/interaction/IPointable.h"
+#include "velk_core/interaction/pointer/IPointable.h"
 
 namespace velk::interaction
 {
