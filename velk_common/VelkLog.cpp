@@ -3,13 +3,14 @@
 
 #include "velk_common/VelkLog.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
-#include <new>
 
 namespace velk::common::log
 {
@@ -36,12 +37,10 @@ void basicLog(int priority, const char* tag, const char* message)
     std::fprintf(stderr, "[%s:%c] %s\n", tag, priorityToLetter(priority), message);
 }
 
-/// Lives in static storage and is never destroyed: the telemetry thread logs until a destructor of another
-/// static object has joined it.
+/// The telemetry thread logs until a destructor of another static object has joined it.
 LoggingFunction& doLogging()
 {
-    alignas(LoggingFunction) static std::array<std::byte, sizeof(LoggingFunction)> storage;
-    static auto* const function = new (storage.data()) LoggingFunction(basicLog);
+    static NeverDestroyed<LoggingFunction> function(basicLog);
     return *function;
 }
 

@@ -65,8 +65,13 @@ public:
         // Taken out first: the object's destructor must not find a half-erased table.
         const std::shared_ptr<T> last = std::move(found->second);
         objects_.erase(found);
+        if (objects_.empty()) {
+            decltype(objects_)().swap(objects_); // gives the buckets back, see NeverDestroyed
+        }
         return kSuccess;
     }
+
+    bool isEmpty() const { return objects_.empty(); }
 
 private:
     static H toHandle(uint32_t value) { return static_cast<H>(static_cast<int32_t>(value)); }

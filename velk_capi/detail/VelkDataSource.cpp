@@ -4,6 +4,7 @@
 
 #include "velk_capi/detail/HandDataConversions.h"
 #include "velk_capi/detail/Status.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_common/VelkLog.h"
 #include "velk_core/data_sources/hand/DummyHandSource.h"
 #include "velk_core/data_sources/hand/ExternalHandSource.h"
@@ -39,7 +40,12 @@ constexpr uint32_t kFirstFailure = 3;
 constexpr const char* kCreateEvent = "brenna_velk_initialized_event";
 constexpr const char* kCreateFeature = "hand_filter_oneeuro";
 
-data_source::Registry registry;
+/// One for all calls: a record per frame then takes no memory per frame. Empty while there is no source.
+HandData& scratchHand()
+{
+    static common::NeverDestroyed<HandData> hand(0);
+    return *hand;
+}
 
 bool isSuccess(HandSource::UpdateAttributeResult result)
 {
@@ -53,7 +59,8 @@ namespace data_source
 
 Registry& getRegistry()
 {
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 bool isValidDataSourceHandle(VelkDataSourceHandle handle)
@@ -77,7 +84,11 @@ VelkDataSourceHandle create(VelkDataSourceType type)
 
 int32_t destroy(VelkDataSourceHandle handle)
 {
-    return getRegistry().destroy(handle);
+    const int32_t result = getRegistry().destroy(handle);
+    if (getRegistry().isEmpty()) {
+        scratchHand() = HandData(0);
+    }
+    return result;
 }
 
 int32_t update(VelkDataSourceHandle handle)
@@ -124,8 +135,10 @@ int32_t setData(VelkDataSourceHandle handle, const velk_HandData* data)
     if (source == nullptr) {
         return kFailure;
     }
-    // One for all calls: a record per frame then takes no memory per frame.
-    static HandData hand(data_source::kNumJointsTalHand);
+    HandData& hand = scratchHand();
+    if (hand.joints.empty()) {
+        hand = HandData(data_source::kNumJointsTalHand);
+    }
     SpaceConversions::capiToCore(*data, hand);
     return source->setData(hand) == HandSource::UpdateDataResult::Updated ? kSuccess : kFailure;
 }
@@ -142,9 +155,10 @@ VelkDataSourceHandle makeDataModifier(VelkDataModifierType type, const std::shar
 {
     switch (type) {
     case VelkDataModifierType_OneEuroHandFilter:
-        return registry.insert(std::make_shared<OneEuroHandFilter>(source, true));
+        return data_source::getRegistry().insert(std::make_shared<OneEuroHandFilter>(source, true));
     case VelkDataModifierType_SyntheticHand:
-        return registry.insert(std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config()));
+        return data_source::getRegistry().insert(
+            std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config()));
     }
     return kUnknownModifierType;
 }

@@ -5,6 +5,7 @@
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
+#include "velk_common/NeverDestroyed.h"
 
 #include <memory>
 
@@ -18,8 +19,8 @@ namespace internal
 
 ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>& getRegistry()
 {
-    static ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>> registry;
+    return *registry;
 }
 
 } // namespace internal

@@ -4,6 +4,7 @@
 
 #include "velk_capi/detail/Status.h"
 #include "velk_capi/detail/VelkDirectionQuantizer.h"
+#include "velk_common/NeverDestroyed.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -21,8 +22,9 @@ namespace internal
 
 ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>& getRegistry()
 {
-    static ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>>
+        registry;
+    return *registry;
 }
 
 } // namespace internal

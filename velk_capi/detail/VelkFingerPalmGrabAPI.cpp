@@ -5,6 +5,7 @@
 #include "velk_capi/detail/GrabDataConversions.h"
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_common/VelkLog.h"
 #include "velk_telemetry/detail/Telemetry.h"
 
@@ -21,8 +22,8 @@ namespace internal
 
 ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>& getRegistry()
 {
-    static ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>> registry;
+    return *registry;
 }
 
 } // namespace internal

@@ -6,6 +6,7 @@
 #include "velk_capi/detail/GrabDataConversions.h"
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_common/VelkLog.h"
 #include "velk_telemetry/detail/Telemetry.h"
 
@@ -22,8 +23,8 @@ namespace internal
 
 ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle>& getRegistry()
 {
-    static ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle>> registry;
+    return *registry;
 }
 
 } // namespace internal

@@ -5,6 +5,7 @@
 #include "velk_capi/detail/Status.h"
 #include "velk_capi/detail/VelkDataSource.h"
 #include "velk_capi/detail/VelkInteractor.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
 
 #include <memory>
@@ -16,16 +17,10 @@ using interaction::HandPokeLimiterVisual;
 using interaction::PokeInteractor;
 using velk::data_source::SyntheticHand;
 
-namespace
-{
-
-Registry registry;
-
-} // namespace
-
 Registry& getRegistry()
 {
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 VelkHandPokeLimiterVisualHandle create(VelkDataSourceHandle hand, VelkInteractorHandle interactor,

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkInteractable.h"
 
-#include "velk_capi/detail/InteractableKinds.h"
 #include "velk_capi/detail/PayloadAccess.h"
+#include "velk_common/NeverDestroyed.h"
 
 #include <utility>
 
@@ -15,15 +15,14 @@ namespace internal
 
 Registry& getRegistry()
 {
-    constructKindRegistriesFirst();
-    static Registry registry;
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 ReverseLookUpRegistry& getReverseLookUpRegistry()
 {
-    static ReverseLookUpRegistry registry;
-    return registry;
+    static common::NeverDestroyed<ReverseLookUpRegistry> registry;
+    return *registry;
 }
 
 } // namespace internal
@@ -47,7 +46,11 @@ VelkInteractableHandle getHandle(const interaction::IInteractable* object)
 
 int32_t destroy(VelkInteractableHandle interactable)
 {
-    internal::getReverseLookUpRegistry().erase(internal::getRegistry().getRawPointer(interactable));
+    internal::ReverseLookUpRegistry& handles = internal::getReverseLookUpRegistry();
+    handles.erase(internal::getRegistry().getRawPointer(interactable));
+    if (handles.empty()) {
+        internal::ReverseLookUpRegistry().swap(handles); // gives the buckets back, see NeverDestroyed
+    }
     return internal::getRegistry().destroy(interactable);
 }
 

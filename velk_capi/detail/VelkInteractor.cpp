@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkInteractor.h"
 
-#include "velk_capi/detail/InteractableKinds.h"
 #include "velk_capi/detail/PayloadAccess.h"
 #include "velk_capi/detail/VelkInteractable.h"
 #include "velk_capi/detail/VelkSelector.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_core/select/IHasSelector.h"
 
 namespace velk::capi::interactor
@@ -13,9 +13,8 @@ namespace velk::capi::interactor
 
 ObjectRegistry<interaction::IInteractor, VelkInteractorHandle>& getRegistry()
 {
-    constructKindRegistriesFirst();
-    static ObjectRegistry<interaction::IInteractor, VelkInteractorHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<interaction::IInteractor, VelkInteractorHandle>> registry;
+    return *registry;
 }
 
 int32_t destroy(VelkInteractorHandle interactor)

@@ -4,6 +4,7 @@
 
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
+#include "velk_common/NeverDestroyed.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
 
 namespace velk::capi::pointable_surface
@@ -19,8 +20,8 @@ constexpr int32_t kNoHit = 2;
 
 internal::Registry& internal::getRegistry()
 {
-    static Registry registry;
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 std::shared_ptr<interaction::surface::ISurface> getPtr(VelkPointableSurfaceHandle handle)

@@ -5,6 +5,7 @@
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"
 #include "velk_capi/detail/VelkInteractable.h"
+#include "velk_common/NeverDestroyed.h"
 
 #include <memory>
 
@@ -14,16 +15,10 @@ namespace velk::capi::poke_button_visual
 using interaction::PokeButtonVisual;
 using interaction::PokeInteractable;
 
-namespace
-{
-
-Registry registry;
-
-} // namespace
-
 Registry& getRegistry()
 {
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 VelkPokeButtonVisualHandle create(VelkInteractableHandle interactable, const talpPosef* basePose,

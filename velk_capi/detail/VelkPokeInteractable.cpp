@@ -7,7 +7,6 @@
 #include "velk_capi/detail/VelkSurfacePatch.h"
 #include "velk_core/core/TimeProvider.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
-#include "velk_core/interaction/poke/PokeInteractor.h"
 #include "velk_core/utility/ProgressCurve.h"
 
 #include <cstddef>

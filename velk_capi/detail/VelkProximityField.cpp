@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkProximityField.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 namespace velk::capi::proximity_field
 {
 
 Registry& getRegistry()
 {
-    static Registry registry;
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 int32_t destroy(VelkProximityFieldHandle field)

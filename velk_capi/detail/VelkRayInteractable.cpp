@@ -6,7 +6,6 @@
 #include "velk_capi/detail/VelkInteractable.h"
 #include "velk_capi/detail/VelkPointableSurface.h"
 #include "velk_core/interaction/ray/RayInteractable.h"
-#include "velk_core/interaction/ray/RayInteractor.h"
 
 #include <memory>
 #include <utility>

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkSelector.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 namespace velk::capi::selector
 {
 
 ObjectRegistry<select::Selector, VelkSelectorHandle>& getRegistry()
 {
-    static ObjectRegistry<select::Selector, VelkSelectorHandle> registry;
-    return registry;
+    static common::NeverDestroyed<ObjectRegistry<select::Selector, VelkSelectorHandle>> registry;
+    return *registry;
 }
 
 VelkSelectorHandle create()

@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkSurfacePatch.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 namespace velk::capi::surface_patch
 {
 
 internal::Registry& internal::getRegistry()
 {
-    static Registry registry;
-    return registry;
+    static common::NeverDestroyed<Registry> registry;
+    return *registry;
 }
 
 std::shared_ptr<interaction::surface::ISurfacePatch> getPtr(VelkSurfacePatchHandle handle)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/core/TimeProvider.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 #include <chrono>
 
 namespace velk::core
@@ -21,7 +23,7 @@ float secondsSinceLoad()
     return static_cast<float>(elapsed.count()) / 1000000000.0f;
 }
 
-TimeProvider DEFAULT_TIME_PROVIDER{secondsSinceLoad};
+common::NeverDestroyed<TimeProvider> DEFAULT_TIME_PROVIDER{secondsSinceLoad};
 
 } // namespace
 
@@ -33,7 +35,7 @@ float TimeProvider::now()
 
 TimeProvider& TimeProvider::defaultTimeProvider()
 {
-    return DEFAULT_TIME_PROVIDER;
+    return *DEFAULT_TIME_PROVIDER;
 }
 
 } // namespace velk::core

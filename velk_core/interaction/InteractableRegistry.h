@@ -25,7 +25,8 @@ public:
     {
         interactables_.erase(interactable);
         if (interactables_.empty()) {
-            interactables_ = {}; // gives the buffer back, see NeverDestroyed
+            // Gives the buffer back, see NeverDestroyed.
+            interactables_ = utility::OrderedSet<TInteractable*>();
         }
     }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/utility/SlotIndex.h"
 
+#include "velk_common/NeverDestroyed.h"
+
 #include <bit>
 #include <vector>
 
@@ -26,7 +28,15 @@ public:
         return index;
     }
 
-    void give(std::size_t index) { free_.push_back(index); }
+    void give(std::size_t index)
+    {
+        free_.push_back(index);
+        if (free_.size() == count_) {
+            // The last owner has gone. The buffer goes too, see NeverDestroyed.
+            std::vector<std::size_t>().swap(free_);
+            count_ = 0;
+        }
+    }
 
     uint64_t nextSerial() { return ++lastSerial_; }
 
@@ -36,11 +46,10 @@ private:
     uint64_t lastSerial_ = 0;
 };
 
-// Never destroyed: owners that the host left alive give their index back at process exit.
 SlotPool& pool()
 {
-    static SlotPool& instance = *new SlotPool;
-    return instance;
+    static common::NeverDestroyed<SlotPool> instance;
+    return *instance;
 }
 
 } // namespace

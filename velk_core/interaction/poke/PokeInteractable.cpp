@@ -3,6 +3,7 @@
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "math/Aliases.h"
 
+#include "velk_common/NeverDestroyed.h"
 #include "velk_common/VelkAssert.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
 
@@ -60,8 +61,8 @@ PokeInteractable* PokeInteractable::getInteractablePtr()
 
 InteractableRegistry<PokeInteractor, PokeInteractable>& PokeInteractable::getStaticRegistry()
 {
-    static InteractableRegistry<PokeInteractor, PokeInteractable> registry;
-    return registry;
+    static common::NeverDestroyed<InteractableRegistry<PokeInteractor, PokeInteractable>> registry;
+    return *registry;
 }
 
 // Without a patch there is no hit: a finger that was on it can still let go, and so it can be destroyed.

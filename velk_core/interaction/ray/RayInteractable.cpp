@@ -3,6 +3,7 @@
 #include "velk_core/interaction/ray/RayInteractable.h"
 #include "math/Aliases.h"
 
+#include "velk_common/NeverDestroyed.h"
 #include "velk_core/interaction/ray/RayInteractor.h"
 
 #include <utility>
@@ -63,8 +64,8 @@ std::unique_ptr<movement::IMovement> RayInteractable::generateMovement(const Pos
 
 InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getStaticRegistry()
 {
-    static InteractableRegistry<RayInteractor, RayInteractable> registry;
-    return registry;
+    static common::NeverDestroyed<InteractableRegistry<RayInteractor, RayInteractable>> registry;
+    return *registry;
 }
 
 InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getRegistry()

@@ -1,0 +1,35 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <new>
+#include <utility>
+
+namespace velk::common
+{
+
+/// A static object that outlives all others: its destructor never runs, so a call during or after exit, from
+/// whichever thread, still finds it. It lies in static bytes; what it holds on the heap is given back only
+/// where its owner lets go of it, so tables drop their buffers with their last entry and an unloaded library
+/// leaves nothing behind of what the host destroyed.
+template <typename T>
+class NeverDestroyed
+{
+public:
+    template <typename... Args>
+    explicit NeverDestroyed(Args&&... args)
+        : object_(new (static_cast<void*>(storage_)) T(std::forward<Args>(args)...))
+    {
+    }
+    NeverDestroyed(const NeverDestroyed&) = delete;
+    NeverDestroyed& operator=(const NeverDestroyed&) = delete;
+
+    T& operator*() { return *object_; }
+
+private:
+    alignas(T) std::byte storage_[sizeof(T)]; // NOLINT(modernize-avoid-c-arrays): raw bytes
+    T* object_;
+};
+
+} // namespace velk::common
