@@ -4,8 +4,6 @@
 
 #include "math/Vector3.h"
 
-#include <cmath>
-
 namespace TAL
 {
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 TEST(NativeLog, GreetsOnRegistrationAndFallsSilentOnNull)
 {
     using velk::utility::NativeLog;

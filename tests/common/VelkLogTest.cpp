@@ -5,6 +5,10 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
 namespace
 {
 

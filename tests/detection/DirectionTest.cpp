@@ -3,9 +3,14 @@
 #include "velk_capi/detail/VelkDirectionQuantizer.h"
 #include "velk_capi/detail/VelkDirectionRecognizer.h"
 
+#include <velk/velk.h>
+
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <initializer_list>
 #include <limits>
+#include <utility>
 
 namespace quantizer = velk::capi::direction_quantizer;
 namespace recognizer = velk::capi::direction_recognizer;

@@ -5,7 +5,13 @@
 #include "velk_capi/detail/VelkFingerPinchGrabAPI.h"
 #include "velk_telemetry/detail/Telemetry.h"
 
+#include <velk/velk.h>
+
 #include <gtest/gtest.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
 
 namespace pinch = velk::capi::fingerpinchgrab_api;
 namespace palm = velk::capi::fingerpalmgrab_api;

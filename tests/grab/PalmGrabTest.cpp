@@ -9,6 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 using namespace velk::interaction::grab;
 using enum HandFinger;

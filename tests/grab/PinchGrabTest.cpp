@@ -9,6 +9,8 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
+#include <vector>
 
 using velk::Vector3f;
 using namespace velk::interaction::grab;

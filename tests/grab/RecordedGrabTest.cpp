@@ -6,10 +6,14 @@
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
 
+#include <velk/velk.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <map>
+#include <string>
 
 using namespace velk::interaction::grab;
 using velk::Posef;

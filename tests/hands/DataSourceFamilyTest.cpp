@@ -5,6 +5,8 @@
 #include "velk_capi/detail/VelkDataSource.h"
 #include "velk_telemetry/detail/Telemetry.h"
 
+#include <velk/velk.h>
+
 #include <gtest/gtest.h>
 
 namespace velk::capi

@@ -7,6 +7,7 @@
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 
 namespace velk::interaction

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/OneEuroHandFilter.h"
 
+#include "math/Aliases.h"
 #include "tests/hands/HandChain.h"
 #include "tests/support/RecordedHand.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
 #include <limits>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace velk::data_source
 {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/SyntheticHand.h"
 
+#include "math/Aliases.h"
 #include "tests/hands/HandChain.h"
 #include "velk_core/core/TimeProvider.h"
 

@@ -1,7 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "math/Math.h"
-#include "math/Vector3.h"
 #include "tests/support/MathMatchers.h"
 
 #include <bit>

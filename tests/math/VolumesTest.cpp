@@ -1,5 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
 #include "math/Plane.h"
 #include "tests/support/MathMatchers.h"

@@ -8,6 +8,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace velk::interaction
 {
 namespace

@@ -8,8 +8,12 @@
 #include "velk_core/interaction/ray/RayInteractor.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
 
+#include <velk/velk.h>
+
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <memory>
 #include <stdexcept>
 
 using namespace velk;

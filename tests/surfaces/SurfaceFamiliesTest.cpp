@@ -1,11 +1,14 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "math/Aliases.h"
 #include "tests/support/MathMatchers.h"
 #include "velk_capi/detail/VelkClippedPlaneSurface.h"
 #include "velk_capi/detail/VelkPointableAxisAlignedBox.h"
 #include "velk_capi/detail/VelkPointablePlane.h"
 #include "velk_capi/detail/VelkPointableSurface.h"
 #include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
+
+#include <velk/velk.h>
 
 #include <stdexcept>
 

@@ -6,6 +6,8 @@
 #include "velk_core/interaction/surfaces/PointablePlane.h"
 
 #include <cmath>
+#include <limits>
+#include <utility>
 
 namespace velk::test
 {

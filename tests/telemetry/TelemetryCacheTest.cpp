@@ -8,6 +8,11 @@
 #include <set>
 #include <sstream>
 
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace
 {
 

@@ -12,6 +12,10 @@
 #include <cstdlib>
 #include <gmock/gmock.h>
 
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace
 {
 

@@ -5,6 +5,7 @@
 #include "velk_capi/detail/ExternalPayload.h"
 #include "velk_capi/detail/Status.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace velk::capi

@@ -13,7 +13,6 @@
 #include "velk_telemetry/detail/Telemetry.h"
 
 #include <memory>
-#include <utility>
 
 namespace velk::capi
 {

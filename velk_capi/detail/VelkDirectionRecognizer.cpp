@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace velk::capi::direction_recognizer

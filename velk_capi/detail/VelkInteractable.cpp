@@ -3,8 +3,10 @@
 #include "velk_capi/detail/VelkInteractable.h"
 
 #include "velk_capi/detail/PayloadAccess.h"
+#include "velk_capi/detail/Status.h"
 #include "velk_common/NeverDestroyed.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace velk::capi::interactable

@@ -7,6 +7,7 @@
 
 #include <velk/velk.h>
 
+#include <cstdint>
 #include <memory>
 #include <unordered_map>
 

@@ -3,10 +3,13 @@
 #include "velk_capi/detail/VelkInteractor.h"
 
 #include "velk_capi/detail/PayloadAccess.h"
+#include "velk_capi/detail/Status.h"
 #include "velk_capi/detail/VelkInteractable.h"
 #include "velk_capi/detail/VelkSelector.h"
 #include "velk_common/NeverDestroyed.h"
 #include "velk_core/select/IHasSelector.h"
+
+#include <cstdint>
 
 namespace velk::capi::interactor
 {

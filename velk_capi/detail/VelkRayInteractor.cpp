@@ -1,8 +1,8 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkRayInteractor.h"
-#include "math/Aliases.h"
 
+#include "math/Aliases.h"
 #include "velk_capi/detail/ObjectRegistry.h"
 #include "velk_capi/detail/SpaceConversions.h"
 #include "velk_capi/detail/Status.h"

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_capi/detail/VelkSelector.h"
 
+#include "velk_capi/detail/Status.h"
 #include "velk_common/NeverDestroyed.h"
+
+#include <cstdint>
 
 namespace velk::capi::selector
 {

@@ -7,6 +7,8 @@
 
 #include <velk/velk.h>
 
+#include <cstdint>
+
 namespace velk::capi::selector
 {
 

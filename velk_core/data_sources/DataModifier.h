@@ -5,7 +5,6 @@
 #include "velk_core/data_sources/IDataSource.h"
 
 #include <memory>
-#include <utility>
 
 namespace velk::data_source
 {

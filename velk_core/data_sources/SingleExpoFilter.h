@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Aliases.h"
 #include "math/TALF.h"
 
 namespace TAL

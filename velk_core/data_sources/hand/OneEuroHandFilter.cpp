@@ -1,13 +1,13 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/OneEuroHandFilter.h"
-#include "math/Aliases.h"
 
 #include "math/Math.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 namespace velk::data_source
 {

@@ -1,7 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/data_sources/hand/SyntheticHand.h"
-#include "math/Aliases.h"
 
 #include "velk_core/core/TimeProvider.h"
 

@@ -1,7 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
-#include "math/Aliases.h"
 
 #include "math/Math.h"
 #include "math/Plane.h"

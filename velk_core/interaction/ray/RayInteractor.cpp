@@ -1,7 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/ray/RayInteractor.h"
-#include "math/Aliases.h"
 
 #include "math/LookRotation.h"
 #include "velk_common/VelkAssert.h"
