@@ -10,6 +10,7 @@ namespace TAL
 {
 
 inline constexpr float kPi = 3.1415927f;
+inline constexpr float kDegreesPerRadian = 57.29578f;
 
 /// Numeric properties of the scalar type.
 template <typename T>

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "math/Aliases.h"
+#include "math/Math.h"
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
@@ -32,9 +33,9 @@ HandPalmData handBentBy(float atMid, float atDistal, float atKnuckle)
         Vector3f end;
         float heading = 0.0f;
         for (std::size_t i = 0; i < 4; ++i) {
-            const Vector3f turn(0.0f, 0.0f, -atKnuckle / kDegreesPerRadian);
+            const Vector3f turn(0.0f, 0.0f, -atKnuckle / TAL::kDegreesPerRadian);
             hand.jointPoses[toIndex(chain.joints()[i])] = {Quatf::FromRotationVector(turn), end};
-            heading -= bends[i] / kDegreesPerRadian;
+            heading -= bends[i] / TAL::kDegreesPerRadian;
             end += Vector3f(std::cos(heading), std::sin(heading), 0.0f) * 0.03f;
         }
     }

@@ -1,6 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "math/Aliases.h"
+#include "math/Math.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
 #include "velk_core/interaction/pinchgrab/FingerPinchGrabAPI.h"
@@ -103,7 +104,7 @@ TEST_F(PinchTest, ViewIsGoodUpTo40Degrees)
 {
     for (const auto& [degrees, good] :
          {std::pair{39.0f, true}, {40.0f, true}, {41.0f, false}, {kNaN, true}}) {
-        const float angle = degrees / kDegreesPerRadian;
+        const float angle = degrees / TAL::kDegreesPerRadian;
         const Vector3f head(std::sin(angle), 0.0f, std::cos(angle));
         api.update(&hand, &kView, &head);
         EXPECT_EQ(api.DistanceStart(), good ? 0.016f : 0.02f) << degrees;
@@ -175,7 +176,7 @@ TEST_F(PinchTest, BonesAlignedWithTheThumbDoNotCount)
 TEST_F(PinchTest, AThumbLaidAlongTheIndexFingerBy60DegreesDoesNotPinchIt)
 {
     for (const auto& [degrees, pinches] : {std::pair{55.0f, false}, {65.0f, true}, {75.0f, true}}) {
-        const float angle = degrees / kDegreesPerRadian;
+        const float angle = degrees / TAL::kDegreesPerRadian;
         const Vector3f half = Vector3f(std::sin(angle), 0.0f, -std::cos(angle)) * 0.02f;
         joint(ThumbDistal) = Vector3f(-0.01f, 0.49f, 0.035f) - half;
         joint(ThumbTip) = Vector3f(-0.01f, 0.49f, 0.035f) + half;

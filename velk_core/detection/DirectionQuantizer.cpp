@@ -2,19 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/detection/DirectionQuantizer.h"
 
-#include "math/Functions.h"
+#include "math/Math.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace velk::detection
 {
-namespace
-{
-
-constexpr float kDegreesPerRadian = 57.29578f;
-
-} // namespace
 
 DirectionQuantizer::DirectionQuantizer(const Vector3f& direction, float middleAngle, float farAngle)
     : direction_(direction.Normalized())
@@ -58,7 +52,7 @@ bool DirectionQuantizer::mapDirectionToAngleDegreeDelta(const Vector3f& value,
 {
     const Vector3f unit = value.Normalized();
     const float cosine = std::clamp(direction_.Dot(unit), -1.0f, 1.0f);
-    deltas[AxisDirection] = TAL::ArcCos(cosine) * kDegreesPerRadian;
+    deltas[AxisDirection] = TAL::ArcCos(cosine) * TAL::kDegreesPerRadian;
     return true;
 }
 

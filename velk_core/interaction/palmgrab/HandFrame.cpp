@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 
+#include "math/Math.h"
+
 namespace velk::interaction::grab
 {
 
@@ -17,7 +19,7 @@ Vector3f GetForwardVector(const Posef& pose)
 
 float GetVectorSignedAngle(Vector3f a, Vector3f b, Vector3f axis)
 {
-    const float angle = a.Angle(b) * kDegreesPerRadian;
+    const float angle = a.Angle(b) * TAL::kDegreesPerRadian;
     return a.Cross(b).Dot(axis) > 0.0f ? -angle : angle;
 }
 

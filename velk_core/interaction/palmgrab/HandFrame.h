@@ -14,8 +14,6 @@ inline constexpr Vector3f Up(0.0f, 1.0f, 0.0f);
 /// float.
 inline constexpr float PositiveInfinity = 3.4028235e38f;
 
-inline constexpr float kDegreesPerRadian = 57.29578f;
-
 Vector3f GetUpVector(const Posef& pose);
 Vector3f GetForwardVector(const Posef& pose);
 

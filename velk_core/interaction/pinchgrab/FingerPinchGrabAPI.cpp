@@ -173,7 +173,7 @@ bool FingerPinchGrabAPI::pinchHasGoodVisibility() const
     if (!hasWristDirection_ || !hasHmdDirection_) {
         return false;
     }
-    const float angle = (wristDirection_ * -1.0f).Angle(hmdDirection_ * -1.0f) * kDegreesPerRadian;
+    const float angle = (wristDirection_ * -1.0f).Angle(hmdDirection_ * -1.0f) * TAL::kDegreesPerRadian;
     return !(maxViewAngle_ < angle);
 }
 

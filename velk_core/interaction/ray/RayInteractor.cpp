@@ -17,8 +17,6 @@ namespace
 using math::quaternion::lookRotationSafe;
 using surface::SurfaceHit;
 
-constexpr float kNoLimit = 0.0f; // as the greatest distance of a surface query
-
 } // namespace
 
 void RayInteractor::RayCandidateProperties::init(RayInteractable* interactable, const Vector3f& hitPoint)
@@ -129,7 +127,7 @@ RayInteractor::findMagneticHit(const std::vector<RayInteractable*>& interactable
         SurfaceHit magnetHit;
         SurfaceHit surfaceHit;
         if (!interactable->raycastMagnetismSurface(ray_, magnetHit, config_.maxRayLength) ||
-            !interactable->getSurface().closestSurfacePoint(magnetHit.point, surfaceHit, kNoLimit)) {
+            !interactable->getSurface().closestSurfacePoint(magnetHit.point, surfaceHit, surface::kNoLimit)) {
             continue;
         }
         const float gap = surfaceHit.point.Distance(magnetHit.point);

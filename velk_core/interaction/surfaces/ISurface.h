@@ -11,6 +11,9 @@
 namespace velk::interaction::surface
 {
 
+/// As the `maxDistance` of a query.
+inline constexpr float kNoLimit = 0.0f;
+
 /// What rays hit and fingers come close to. Both queries return true for a hit; on false, `hit` may
 /// hold anything. A `maxDistance` of 0 or less means no limit; what exactly is held against it is up to
 /// the kind of surface. A query's point must not be a part of its `hit`.
