@@ -28,9 +28,8 @@ using velk::data_source::SyntheticHand;
 
 using HandSource = velk::data_source::IDataSource<HandData>;
 
-constexpr auto kNoSourceType = static_cast<VelkDataSourceHandle>(-1);
+// The failures that have a code of their own; all others are VelkDataSourceHandle_Invalid.
 constexpr auto kUnknownSourceType = static_cast<VelkDataSourceHandle>(-2);
-constexpr auto kUnknownModifierType = static_cast<VelkDataSourceHandle>(-1);
 constexpr auto kUnknownSource = static_cast<VelkDataSourceHandle>(-3);
 
 // Attribute results from this one on are failures; a negative one, read as unsigned, is too.
@@ -64,15 +63,14 @@ Registry& getRegistry()
 
 bool isValidDataSourceHandle(VelkDataSourceHandle handle)
 {
-    const auto value = static_cast<int32_t>(handle);
-    return value != -1 && value != -2 && value != -3;
+    return handle != VelkDataSourceHandle_Invalid && handle != kUnknownSourceType && handle != kUnknownSource;
 }
 
 VelkDataSourceHandle create(VelkDataSourceType type)
 {
     switch (type) {
     case VelkDataSourceType_None:
-        return kNoSourceType;
+        return VelkDataSourceHandle_Invalid;
     case VelkDataSourceType_Dummy:
         return getRegistry().insert(std::make_shared<DummyHandSource>(kNumJointsTalHand));
     case VelkDataSourceType_External:
@@ -159,7 +157,7 @@ VelkDataSourceHandle makeDataModifier(VelkDataModifierType type, const std::shar
         return data_source::getRegistry().insert(
             std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config()));
     }
-    return kUnknownModifierType;
+    return VelkDataSourceHandle_Invalid;
 }
 
 // All modifiers count as a one euro filter, synthetic hands as well.

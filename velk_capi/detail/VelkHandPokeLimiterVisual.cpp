@@ -30,7 +30,7 @@ VelkHandPokeLimiterVisualHandle create(VelkDataSourceHandle hand, VelkInteractor
     const auto synthetic =
         std::dynamic_pointer_cast<SyntheticHand>(data_source::getRegistry().get(syntheticHand));
     if (!poke || !synthetic) {
-        return static_cast<VelkHandPokeLimiterVisualHandle>(kFailure);
+        return VelkHandPokeLimiterVisualHandle_Invalid;
     }
     // The hand is not tested on purpose: with an unknown one a press moves no wrist.
     const auto tracked = data_source::getRegistry().get(hand);

@@ -60,11 +60,11 @@ VelkInteractableHandle getInteractable(VelkInteractorHandle interactor)
 {
     const interaction::IInteractor* const target = getRegistry().getRawPointer(interactor);
     if (target == nullptr) {
-        return static_cast<VelkInteractableHandle>(kFailure);
+        return VelkInteractableHandle_Invalid;
     }
     const interaction::IInteractable* const hovered = target->getInteractablePtr();
     if (hovered == nullptr) {
-        return static_cast<VelkInteractableHandle>(kFailure);
+        return VelkInteractableHandle_Invalid;
     }
     return interactable::getHandle(hovered);
 }

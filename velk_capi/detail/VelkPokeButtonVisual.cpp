@@ -26,7 +26,7 @@ VelkPokeButtonVisualHandle create(VelkInteractableHandle interactable, const tal
 {
     const auto poke = std::dynamic_pointer_cast<PokeInteractable>(interactable::getPtr(interactable));
     if (poke == nullptr || basePose == nullptr || 0.0f > maxExtent) {
-        return static_cast<VelkPokeButtonVisualHandle>(kFailure);
+        return VelkPokeButtonVisualHandle_Invalid;
     }
     return getRegistry().insert(std::make_shared<PokeButtonVisual>(
         poke, SpaceConversions::talpToTal(*basePose), SpaceConversions::talpToTal(maxExtent)));

@@ -90,7 +90,7 @@ VelkInteractableHandle createWithConfig(VelkSurfacePatchHandle surfacePatch,
 {
     auto patch = surface_patch::getPtr(surfacePatch);
     if (patch == nullptr) {
-        return static_cast<VelkInteractableHandle>(kFailure);
+        return VelkInteractableHandle_Invalid;
     }
     return interactable::insert(
         std::make_shared<PokeInteractable>(readConfig(config), std::move(patch), nullptr));

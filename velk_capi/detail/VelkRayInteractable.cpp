@@ -19,7 +19,7 @@ VelkInteractableHandle create(VelkPointableSurfaceHandle surface)
 {
     auto shared = pointable_surface::getPtr(surface);
     if (!shared) {
-        return static_cast<VelkInteractableHandle>(kFailure);
+        return VelkInteractableHandle_Invalid;
     }
     return interactable::insert(std::make_shared<RayInteractable>(std::move(shared)));
 }
