@@ -324,7 +324,7 @@ VELK_API int32_t velk_Interactable_SetPayload(VelkInteractableHandle interactabl
  *
  * The oldest entry of a queue decides. Two Selects between two updates are one; a Select followed by an
  * Unselect is a whole press; an Unselect with nothing selected stands in the way of a Select behind it.
- * What an update can't use it drops: nothing is kept for a later frame. A Select with nothing under the
+ * An update drops what it can't use: nothing is kept for a later frame. A Select with nothing under the
  * ray is used: the interactor goes to Select without an interactable and stays there until the Unselect,
  * so that dragging onto something doesn't press it. */
 
@@ -333,8 +333,8 @@ VELK_API int32_t velk_Interactable_SetPayload(VelkInteractableHandle interactabl
  * returns its handle */
 VELK_API VelkSelectorHandle velk_Selector_Create(void);
 
-/* Ends the handle. Interactors keep the object, which then can't be pressed any more; one that it left in
- * Select stays there until it gets another selector that releases it.
+/* Ends the handle. Interactors keep the object, which then can't be pressed any more. An interactor that it
+ * left in Select stays there until it gets another selector that releases it.
  *
  * returns 0, or -1 for an unknown handle */
 VELK_API int32_t velk_Selector_Destroy(VelkSelectorHandle selector);
@@ -353,7 +353,7 @@ VELK_API int32_t velk_Selector_Unselect(VelkSelectorHandle selector);
 /* PLANES
  *
  * A pointable plane is a flat, bounded surface for rays. It faces along the local +Z of its pose; a ray
- * from behind never hits it, nor does one that starts on it or runs within a hundred-thousandth of parallel.
+ * from behind never hits it, nor does one that starts on it or runs parallel to it, to within 0.00001 radian.
  * A hit exactly on the edge counts. Create it, make interactables of it, then destroy it when convenient:
  * interactables keep the surface alive. Moving or sizing it takes effect at the next update. */
 
@@ -424,8 +424,8 @@ VELK_API int32_t velk_RayInteractable_SetSurface(VelkInteractableHandle interact
  * returns its handle */
 VELK_API VelkInteractorHandle velk_RayInteractor_Create(void);
 
-/* Sets how far the ray reaches, and its length where it hits nothing: 1 at first. A length of 0 or less
- * means no limit for hits.
+/* Sets how far the ray reaches, and its length where it hits nothing. A length of 0 or less means no limit
+ * for hits.
  *
  * returns 0, or -1 when the handle is unknown or no ray */
 VELK_API int32_t velk_RayInteractor_SetMaxRayLength(VelkInteractorHandle interactor, float length);
@@ -437,7 +437,7 @@ VELK_API int32_t velk_RayInteractor_SetMaxRayLength(VelkInteractorHandle interac
  * returns 0, or -1 when the handle is unknown or no ray */
 VELK_API int32_t velk_RayInteractor_SetPose(VelkInteractorHandle interactor, const talpPosef* pose);
 
-/* Stores the position of the pose set last, whether updated since or not.
+/* Stores the position of the pose set last, with or without an update since.
  *
  * returns 0, or -1 when the handle is unknown or no ray */
 VELK_API int32_t velk_RayInteractor_GetOrigin(VelkInteractorHandle interactor, talpVector3f* origin);
@@ -508,7 +508,7 @@ VELK_API VelkSurfacePatchHandle velk_ClippedPlaneSurface_Create(const talpPosef*
                                                                 const velk_BoundsClipper* clippers,
                                                                 int count);
 
-/* Does nothing, and is kept so: a patch stays where it was created. See above for how to move one.
+/* Does nothing: a patch stays where it was created. See above for how to move one.
  *
  * returns -1 for every handle, also a live one */
 VELK_API int32_t velk_ClippedPlaneSurface_SetPose(VelkSurfacePatchHandle surface, const talpPosef* pose);
@@ -812,11 +812,11 @@ typedef enum VelkHandFilterAttribute VelkHandFilterAttribute;
 
 /* Creates a source that holds an identity hand: all joints unturned, the root at the origin.
  *
- * returns its handle, -1 for VelkDataSourceType_None, or -2 for a type that there isn't */
+ * returns its handle, -1 for VelkDataSourceType_None, or -2 for an unknown type */
 VELK_API VelkDataSourceHandle velk_DataSource_Create(VelkDataSourceType type);
 
-/* Ends the handle of a source or a modifier, and with it the object, also where a modifier or a limiter
- * still uses it: those do without.
+/* Ends the handle of a source or a modifier, and with it the object, even while a modifier or a limiter uses
+ * it: they go on without it.
  *
  * returns 0, or -1 for an unknown handle */
 VELK_API int32_t velk_DataSource_Destroy(VelkDataSourceHandle source);
@@ -831,9 +831,8 @@ VELK_API int32_t velk_DataSource_Update(VelkDataSourceHandle source);
  * returns 0, or -1 for an unknown handle */
 VELK_API int32_t velk_DataSource_GetData(VelkDataSourceHandle source, velk_HandData* data);
 
-/* Sets a number by its id; of the objects there are only the one euro filter has any, those of
- * VelkHandFilterAttribute. It takes effect with the next new record. Modifiers don't pass attributes on to
- * what they wrap.
+/* Sets a number by its id. Only the one euro filter has such numbers, those of VelkHandFilterAttribute. They
+ * take effect with the next new record. Modifiers don't pass attributes on to what they wrap.
  *
  * returns 0, or -1 for an unknown handle or an id that the object doesn't have */
 VELK_API int32_t velk_DataSource_SetAttributeFloat(VelkDataSourceHandle source, int attributeId, float value);
@@ -846,7 +845,7 @@ VELK_API int32_t velk_ExternalHandSource_SetData(VelkDataSourceHandle source, co
 /* Wraps a source or another modifier, without keeping it alive. The new modifier starts with a copy of the
  * present record. Counted, whichever the type: see rule 14.
  *
- * returns its handle, -3 for an unknown `source`, or -1 for a type that there isn't */
+ * returns its handle, -3 for an unknown `source`, or -1 for an unknown type */
 VELK_API VelkDataSourceHandle velk_DataModifier_Create(VelkDataModifierType type,
                                                        VelkDataSourceHandle source);
 
