@@ -39,7 +39,7 @@ VelkSurfacePatchHandle create(const talpPosef* pose, const velk_BoundsClipper* c
 
 int32_t setPose(VelkSurfacePatchHandle surface, const talpPosef* pose)
 {
-    // No patch is a PointablePlane, so this fails for every handle. Hosts rely on patches that stay put.
+    // No patch is a PointablePlane, so this fails for every handle.
     auto* plane = surface_patch::getRawPtr<PointablePlane>(surface);
     if (plane == nullptr) {
         return kFailure;

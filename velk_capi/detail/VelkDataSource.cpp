@@ -94,7 +94,7 @@ int32_t update(VelkDataSourceHandle handle)
     if (source == nullptr) {
         return kFailure;
     }
-    // The result is dropped on purpose: a host sees a lost source by a record that no longer changes.
+    // A lost source shows in its record, which no longer changes, and not in the result of this call.
     static_cast<void>(source->updateData());
     return kSuccess;
 }

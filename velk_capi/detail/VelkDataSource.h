@@ -13,12 +13,11 @@
 namespace velk::capi::data_source
 {
 
-/// Sources and modifiers share this table, and with it all functions of the family.
 using Registry = ObjectRegistry<velk::data_source::IDataSource<data::HandData>, VelkDataSourceHandle>;
 
 Registry& getRegistry();
 
-/// False for the three codes that the create functions fail with.
+/// False for the codes that the create functions fail with.
 bool isValidDataSourceHandle(VelkDataSourceHandle handle);
 
 VelkDataSourceHandle create(VelkDataSourceType type);

@@ -32,7 +32,7 @@ VelkHandPokeLimiterVisualHandle create(VelkDataSourceHandle hand, VelkInteractor
     if (!poke || !synthetic) {
         return VelkHandPokeLimiterVisualHandle_Invalid;
     }
-    // The hand is not tested on purpose: with an unknown one a press moves no wrist.
+    // Empty for an unknown hand, with which the visual holds no wrist.
     const auto tracked = data_source::getRegistry().get(hand);
     return getRegistry().insert(std::make_shared<HandPokeLimiterVisual>(tracked, poke, synthetic));
 }

@@ -27,7 +27,7 @@ ReverseLookUpRegistry& getReverseLookUpRegistry();
 
 } // namespace internal
 
-/// The one way in: keeps both tables.
+/// Enters the interactable into both tables; nothing else does.
 VelkInteractableHandle insert(std::shared_ptr<interaction::IInteractable> object);
 std::shared_ptr<interaction::IInteractable> getPtr(VelkInteractableHandle interactable);
 

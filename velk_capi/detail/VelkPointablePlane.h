@@ -9,7 +9,6 @@
 namespace velk::capi::pointable_plane
 {
 
-/// A null `pose` means the identity, a null `size` means zero: such a plane is hit through its centre only.
 VelkPointableSurfaceHandle create(const talpPosef* pose, const talpVector2f* size);
 
 int32_t getNormal(VelkPointableSurfaceHandle plane, talpVector3f* normal);

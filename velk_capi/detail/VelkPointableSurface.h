@@ -43,7 +43,6 @@ U* getRawPtr(VelkPointableSurfaceHandle handle)
 int32_t closestSurfacePoint(VelkPointableSurfaceHandle handle, const talpVector3f* point,
                             velk_SurfaceHit* hit, float maxDistance);
 
-/// Planes only, in spite of its family: a box has no pose to set.
 int32_t setPose(VelkPointableSurfaceHandle handle, const talpPosef* pose);
 
 int32_t destroy(VelkPointableSurfaceHandle handle);

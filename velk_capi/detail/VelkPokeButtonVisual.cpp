@@ -43,7 +43,6 @@ int32_t updateBasePose(VelkPokeButtonVisualHandle visual, const talpPosef* baseP
     if (target == nullptr || basePose == nullptr) {
         return kFailure;
     }
-    // A negative extent is taken here, unlike at creation.
     target->updateBasePose(SpaceConversions::talpToTal(*basePose), SpaceConversions::talpToTal(maxExtent));
     return kSuccess;
 }

@@ -8,8 +8,6 @@
 namespace velk::capi::telemetry
 {
 
-/// Counts one use of the hand grab, which starts telemetry if that hasn't happened yet. Nothing is sent at
-/// once.
 int32_t sendTestData();
 
 } // namespace velk::capi::telemetry
