@@ -83,8 +83,8 @@ struct AxisAlignedBox
         const Vector3f t2((upperBound.x - ray.origin.x) * inverse.x,
                           (upperBound.y - ray.origin.y) * inverse.y,
                           (upperBound.z - ray.origin.z) * inverse.z);
-        // A ray that lies in the plane of a face has a NaN here (0 times infinity). The operand order
-        // settles what becomes of it.
+        // A ray that lies in the plane of a face has a NaN here (0 times infinity). The order of the
+        // operands decides whether it hits.
         const float tMin =
             std::max(std::max(std::min(t1.x, t2.x), std::min(t1.y, t2.y)), std::min(t1.z, t2.z));
         const float tMax =
@@ -108,7 +108,7 @@ struct AxisAlignedBox
                                    d.y - halfSize.y,  -d.z - halfSize.z, d.z - halfSize.z};
         int closest = 0;
         for (int side = 1; side < 6; ++side) {
-            // Written so that a tie, or a NaN, goes to the later side.
+            // A tie, or a NaN, goes to the later side.
             if (!(distances[closest] > distances[side])) {
                 closest = side;
             }

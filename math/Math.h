@@ -34,8 +34,8 @@ inline float Acos(float x)
 
 } // namespace TAL
 
-/// The operand order is part of the contract: `lo` wins where it exceeds `hi`, and a NaN value comes
-/// out as `hi` (or as `lo` if that is larger). std::clamp promises neither.
+/// `lo` wins where it exceeds `hi`, and a NaN value comes out as `hi` (or as `lo` if that is larger).
+/// std::clamp promises neither.
 template <typename T>
 constexpr T clamp(T value, T lo, T hi)
 {

@@ -12,7 +12,7 @@
 namespace TAL
 {
 
-/// A rotation, the identity by default. Nothing normalises it behind the caller's back: a quaternion
+/// A rotation, the identity by default. No operation normalises it unasked: a quaternion
 /// of length L scales what it rotates by L squared, and Inverted() is the conjugate, which is the
 /// inverse of a unit quaternion only. Of two rotations, worldFromChild = worldFromLocal * localFromChild.
 template <typename T>

@@ -13,8 +13,8 @@ namespace velk::detection
 DirectionQuantizer::DirectionQuantizer(const Vector3f& direction, float middleAngle, float farAngle)
     : direction_(direction.Normalized())
 {
-    // The first two thresholds look made for a cosine, but an angle is held against them. They stay: every
-    // angle that is a number is then at least close.
+    // Degrees. An angle is never below 0, so each one that is a number reaches the first two thresholds and
+    // is at least close.
     Quantizer<Vector3f, Axis, Alignment>::Thresholds thresholds = {{AxisDirection,
                                                                     {{AlignmentNone, -1.0f},
                                                                      {AlignmentClose, -0.1f},

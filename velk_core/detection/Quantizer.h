@@ -30,8 +30,8 @@ public:
     {
     }
 
-    /// Points `*result` at the levels, which the next call changes; also when `quantize` failed.
-    /// 1; -1 when `quantize` failed; -2 without a function; -3 for a null `result`; -4 when the function
+    /// Points `*result` at the levels, which the next call changes. Returns 1; -1, with `*result` set all the
+    /// same, when `quantize` failed; -2 without a function; -3 for a null `result`; -4 when the function
     /// failed.
     int convert(Value value, Levels** result)
     {
@@ -49,8 +49,8 @@ public:
         return code == 1 ? 1 : -1;
     }
 
-    /// 1; -2 for a key without a list; -3 for an empty list; -4 without deltas. Keys done before a failure
-    /// keep their new level.
+    /// Returns 1; -2 for a key without a list; -3 for an empty list; -4 without deltas. Keys done before a
+    /// failure keep their new level.
     static int quantize(const Deltas& deltas, Levels& result, const Thresholds& thresholds)
     {
         if (deltas.empty()) {
@@ -72,8 +72,7 @@ public:
     const Levels& getKeyQuantValueMap() const { return keyQuantValues_; }
 
 private:
-    // From the last entry on, so the greatest threshold reached wins. A NaN reaches none and ends at the
-    // first.
+    // The greatest threshold reached wins. A NaN reaches none and gets the first level.
     static Alignment levelOf(float delta, const std::vector<std::pair<Alignment, float>>& list)
     {
         for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {

@@ -16,13 +16,14 @@ template <typename Axis, typename Alignment>
 class Recognizer : public active_state::IActiveState
 {
 public:
-    /// 1, or -2 when a key is missing, which leaves the recognizer inactive. Nothing wanted makes it active.
+    /// Returns 1, or -2 when a key is missing, which leaves the recognizer inactive. Nothing wanted makes it
+    /// active.
     int update(const std::vector<std::pair<Axis, Alignment>>& wanted,
                const std::unordered_map<Axis, Alignment>& values)
     {
         active_ = false;
         bool mismatch = false;
-        // On past a mismatch, so that a missing key further on is still reported.
+        // The loop goes on past a mismatch, so that a missing key further on is still reported.
         for (const auto& [key, level] : wanted) {
             const auto found = values.find(key);
             if (found == values.end()) {

@@ -33,7 +33,7 @@ struct Bump
     void operator()(std::string& /*text*/) const {}
 };
 
-// NOLINTNEXTLINE(bugprone-exception-escape): an operation that throws is to end the process
+// NOLINTNEXTLINE(bugprone-exception-escape): an operation that throws ends the process
 void bump(Value& value) noexcept
 {
     std::visit(Bump{}, value);

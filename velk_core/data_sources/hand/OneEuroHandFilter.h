@@ -19,13 +19,13 @@ namespace velk::data_source
 
 /// Smooths the root and every joint of a hand, each with a one euro filter of its own.
 ///
-/// It has no clock: the time step is always one over the update rate, so a host that does not run at 50 hertz
+/// It has no clock: the time step is always one over the update rate, so a host that runs at another rate
 /// sets that attribute. Filter state is never reset. A value or a setting that is not finite stops the filter
 /// concerned: the value passes, and the filter's state stays as it was.
 class OneEuroHandFilter : public DataModifier<data::HandData>
 {
 public:
-    /// Hosts pass these numbers, so they are fixed; the derivative cutoffs came last.
+    /// Hosts pass these numbers, so they are fixed.
     enum class AttributeId : int32_t
     {
         RootPositionBeta = 1,

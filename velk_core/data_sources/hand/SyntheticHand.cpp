@@ -78,7 +78,8 @@ void SyntheticHand::updateRootPose(Posef& root)
         root.translation.Lerp(lockedWristPose_.translation, wristPositionOverrideFactor_);
     root.translation = wristPoseFrom_.translation.Lerp(position, positionProgress);
 
-    // The position's flag on purpose: a rotation that is locked alone reads its unlock curve.
+    // The position's flag selects the rotation's curve too, so a rotation that is locked alone reads its
+    // unlock curve, which that lock doesn't start.
     ProgressCurve& rotationCurve =
         wristPositionLocked_ ? config_.wristRotationLockCurve : config_.wristRotationUnlockCurve;
     const float rotationProgress = rotationCurve.progress();

@@ -26,7 +26,7 @@ public:
         PositionAndRotation = 3
     };
 
-    /// How each change eases: by default over 0.1 seconds on the library's clock.
+    /// How each change eases: by default all alike, on the library's clock.
     struct Config
     {
         Config();

@@ -39,8 +39,10 @@ private:
     void ClearState();
     void UpdateVolumeCenter(const data::HandPalmData* data);
 
+    // Metres.
     Vector3f centerOffsetHandednessSet_{0.07f, -0.03f, 0.0f};
     Vector3f centerOffsetHandednessClear_{-0.07f, 0.03f, 0.0f};
+    // Strengths, 0 to 1.
     float grabThreshold_ = 0.9f;
     float releaseThreshold_ = 0.6f;
     std::vector<FingerGrabData> fingers_;

@@ -89,7 +89,7 @@ float FingerShapes::GetAbductionValue(HandFinger finger, const JointPoses& poses
     const Vector3f proximal = position(HandJointUtils::getHandFingerProximal(finger));
     const Vector3f nextProximal = position(HandJointUtils::getHandFingerProximal(next));
     const Vector3f mid = proximal.Lerp(nextProximal, 0.5f);
-    // The thumb's vector starts at its own joint and not at the midpoint, on purpose.
+    // The thumb's vector starts at its own joint, a finger's at the midpoint: their spreads don't compare.
     const Vector3f start = finger == HandFinger::Thumb ? proximal : mid;
     const Vector3f tipVector = position(HandJointUtils::getHandFingerTip(finger)) - start;
     const Vector3f nextVector = position(HandJointUtils::getHandFingerTip(next)) - mid;

@@ -50,9 +50,8 @@ inline constexpr FingerTable CURL_ANGLE_JOINTS = {{
 inline constexpr std::array<HandJointId, kNumHandFingers> KNUCKLE_JOINTS = {
     ThumbProximal, IndexProximal, MiddleProximal, RingProximal, PinkyProximal};
 
-// What GetJointsAffected answers. Not throughout the joints that the measurements read, and not to be brought
-// in line with them: the curl reads one joint more, the flexion the knuckle alone, the thumb's spread
-// ThumbProximal.
+// GetJointsAffected answers from these. The measurements read other joints: the curl one more, the flexion
+// the knuckle alone, the thumb's spread ThumbProximal instead of ThumbBase.
 inline constexpr FingerTable CURL_LINE_JOINTS = {{
     {ThumbProximal, ThumbDistal, ThumbTip},
     {IndexMid, IndexDistal, IndexTip},

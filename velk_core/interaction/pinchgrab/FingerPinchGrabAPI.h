@@ -83,6 +83,7 @@ private:
     void updateFingerTip(HandFinger finger);
     void updatePinchData(float distance, HandFinger finger, float start, float stopOffset, float stopMax);
 
+    // Distances in metres.
     float distanceStart_ = 0.02f;
     float distanceStopMax_ = 0.1f;
     float distanceStopOffset_ = 0.04f;

@@ -62,7 +62,7 @@ private:
     std::shared_ptr<surface::ISurface> selectSurface_;
     std::shared_ptr<surface::ISurface> magnetismSurface_;
     std::unique_ptr<movement::IMovementProvider> movementProvider_;
-    // No setter: every ray interactable of this kind scores the same.
+    // Nothing sets it, so the order of creation decides between hits of equal distance.
     int tiebreakerScore_ = 0;
 };
 

@@ -105,7 +105,8 @@ RayInteractor::findDirectHit(const std::vector<RayInteractable*>& interactables)
     return best;
 }
 
-// Within the threshold only a higher score wins, not the shorter distance: the first one visited stays.
+// Within the threshold a shorter distance doesn't win, only a higher score: of equal scores the first one
+// visited stays.
 bool RayInteractor::isBetter(const RayInteractable& interactable, float distance, const Candidate& best) const
 {
     const bool equal = config_.equalDistanceThreshold > std::fabs(distance - best.distance);
@@ -156,7 +157,7 @@ void RayInteractor::interactableSelected(RayInteractable* interactable)
     if (interactable != nullptr && collisionInfo_) {
         startMovement(*interactable);
     }
-    // Last, so that the pose of the select event already rides on the movement.
+    // The select event goes out last, so that it carries the movement's pose.
     PointerInteractor::interactableSelected(interactable);
 }
 
@@ -193,7 +194,7 @@ void RayInteractor::followMovement(movement::IMovement& movement)
     end_ = movedHit_.point;
 }
 
-// A ray that leaves the surface stays selected; only its hit is gone.
+// A ray that leaves the surface keeps its selection and loses its hit.
 void RayInteractor::traceSelectSurface(const RayInteractable* interactable)
 {
     collisionInfo_.reset();
@@ -211,7 +212,7 @@ void RayInteractor::interactableUnselected(RayInteractable* interactable)
     if (movement_) {
         movement_->stopAndSetPose(movement_->getPose());
     }
-    // The movement goes last: the unselect event still carries its pose.
+    // The movement ends last, so that the unselect event still carries its pose.
     PointerInteractor::interactableUnselected(interactable);
     movement_.reset();
 }
@@ -227,7 +228,7 @@ Posef RayInteractor::computePointerPose()
         return movement_->getPose();
     }
     if (collisionInfo_) {
-        // Unguarded on purpose: a normal parallel to the ray's up gives a degenerate rotation.
+        // A normal parallel to the ray's up gives a degenerate rotation: this up is not replaced.
         return Posef(Quatf::LookRotation(collisionInfo_->normal, getUp()), collisionInfo_->point);
     }
     return Posef::Identity();

@@ -24,7 +24,7 @@ namespace velk::interaction
 {
 
 /// A pointing ray. It hovers the nearest interactable that the ray hits, or else the one whose magnetism
-/// surface draws it most, and keeps pointing at what it selected. When to select is up to the selector.
+/// surface draws it most, and keeps pointing at what it selected. Its selector decides when it selects.
 ///
 /// A new pose shows in `getOrigin` at once, but in the ray and its end only with the next update.
 class RayInteractor : public PointerInteractor<RayInteractor, RayInteractable>

@@ -65,7 +65,6 @@ bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float 
     if (0.0f > height) {
         return false;
     }
-    // The height is what is limited: a slanted ray may travel farther than maxDistance.
     if (maxDistance > 0.0f && height > maxDistance) {
         return false;
     }

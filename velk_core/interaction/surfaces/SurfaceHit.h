@@ -12,8 +12,8 @@ struct SurfaceHit
 {
     Vector3f point;
     Vector3f normal;
-    float distance =
-        0.0f; ///< From the query's point, or along its ray. A box hit from inside has it negative.
+    /// From the query's point, or along its ray. Negative for a box hit from inside.
+    float distance = 0.0f;
 };
 
 } // namespace velk::interaction::surface
