@@ -28,7 +28,7 @@ public:
     T& operator*() { return *object_; }
 
 private:
-    alignas(T) std::byte storage_[sizeof(T)]; // NOLINT(modernize-avoid-c-arrays): raw bytes
+    alignas(T) std::byte storage_[sizeof(T)] = {}; // NOLINT(modernize-avoid-c-arrays): raw bytes
     T* object_;
 };
 
