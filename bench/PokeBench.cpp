@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // One poke update against N buttons on a wall: with the fingertip far from all, moving among them, and
-// holding one pressed. `allocations` counts those of one update.
+// holding one pressed. And one patch moved, as a host does it: another made, exchanged, the old one
+// destroyed. `allocations` counts those of one update or move.
 #include "math/Aliases.h"
 #include "tests/support/AllocationCounter.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
@@ -10,6 +11,7 @@
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
 
 #include <benchmark/benchmark.h>
+#include <velk/velk.h>
 
 #include <cmath>
 #include <memory>
@@ -125,6 +127,26 @@ void PokeHeldPress(benchmark::State& state)
     }
 }
 
+void PatchMoved(benchmark::State& state)
+{
+    const velk_BoundsClipper clipper{{0, 0, 0}, {kButtonSize, kButtonSize, kButtonSize}};
+    talpPosef pose{{0, 0, 0, 1}, {0, 0, 0}};
+    VelkSurfacePatchHandle patch = velk_ClippedPlaneSurface_Create(&pose, &clipper, 1);
+    const VelkInteractableHandle button = velk_PokeInteractable_Create(patch);
+    const long before = allocations;
+    for (auto _ : state) {
+        pose.position.x += 0.001f;
+        const VelkSurfacePatchHandle moved = velk_ClippedPlaneSurface_Create(&pose, &clipper, 1);
+        velk_PokeInteractable_SetSurface(button, moved);
+        velk_SurfacePatch_Destroy(patch);
+        patch = moved;
+    }
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(allocations - before), benchmark::Counter::kAvgIterations);
+    velk_Interactable_Destroy(button);
+    velk_SurfacePatch_Destroy(patch);
+}
+
 void buttonCounts(benchmark::internal::Benchmark* bench)
 {
     for (const int count : {1, 10, 100, 1000, 10000}) {
@@ -135,5 +157,6 @@ void buttonCounts(benchmark::internal::Benchmark* bench)
 BENCHMARK(PokeFarFromAll)->Apply(buttonCounts);
 BENCHMARK(PokeAmongThem)->Apply(buttonCounts);
 BENCHMARK(PokeHeldPress)->Apply(buttonCounts);
+BENCHMARK(PatchMoved);
 
 } // namespace
