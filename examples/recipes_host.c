@@ -92,7 +92,7 @@ typedef struct NearFarHand
     VelkInteractorHandle finger;
     VelkInteractorHandle ray;
     VelkSelectorHandle trigger;
-    bool isTriggerDown; // as the ray was told
+    bool wasTriggerDown;
 } NearFarHand;
 
 static void updateNearFar(NearFarHand* hand, const talpPosef* tip, const talpPosef* aim, bool triggerDown)
@@ -109,13 +109,12 @@ static void updateNearFar(NearFarHand* hand, const talpPosef* tip, const talpPos
     velk_Interactor_GetState(hand->finger, &finger);
     velk_Interactor_GetState(hand->ray, &ray);
     isResting = finger != VelkInteractorState_Normal && ray != VelkInteractorState_Select;
-    if (!triggerDown && hand->isTriggerDown) {
-        velk_Selector_Unselect(hand->trigger);
-        hand->isTriggerDown = false;
-    } else if (triggerDown && !hand->isTriggerDown && !isResting) {
+    if (triggerDown && !hand->wasTriggerDown && !isResting) {
         velk_Selector_Select(hand->trigger);
-        hand->isTriggerDown = true;
+    } else if (!triggerDown && hand->wasTriggerDown) {
+        velk_Selector_Unselect(hand->trigger);
     }
+    hand->wasTriggerDown = triggerDown;
     velk_RayInteractor_SetPose(hand->ray, isResting ? &nowhere : aim);
     velk_Interactor_Update(hand->ray);
 }
@@ -127,8 +126,8 @@ static void runNearFar(void)
     const talpVector2f half = {0.15f, 0.1f};
     const velk_BoundsClipper whole = {{0, 0, 0}, {0.3f, 0.2f, 0.02f}};
     // Centimetres of the fingertip before the panel. The ray starts 10 cm behind it.
-    static const int way[] = {40, 40, 40, 20, 12, 8, 8, 4, 1, 0, -1, 1, 4, 8, 12, 20, 20};
-    static const bool trigger[] = {0, 1, 0, 0, 0, 0, 1, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0};
+    static const int way[] = {40, 40, 40, 20, 12, 8, 8, 4, 1, 0, -1, 1, 4, 8, 12, 20, 20, 20};
+    static const bool trigger[] = {0, 1, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 1, 0};
     const int frames = (int)(sizeof way / sizeof way[0]);
     const VelkPointableSurfaceHandle plane = velk_PointablePlane_Create(&pose, &half);
     const VelkSurfacePatchHandle patch = velk_ClippedPlaneSurface_Create(&pose, &whole, 1);
@@ -146,7 +145,7 @@ static void runNearFar(void)
     hand.finger = velk_PokeInteractor_Create();
     hand.ray = velk_RayInteractor_Create();
     hand.trigger = velk_Selector_Create();
-    hand.isTriggerDown = false;
+    hand.wasTriggerDown = false;
     velk_Interactor_SetSelector(hand.ray, hand.trigger);
     finger = watch(hand.finger);
     ray = watch(hand.ray);

@@ -858,7 +858,7 @@ VELK_API VelkDataSourceHandle velk_DataModifier_Create(VelkDataModifierType type
  *
  * Update the interactor, then the limiter. Its hold shows in the synthetic hand's next update with a new
  * record, so in the usual order of a frame one frame later. It keeps none of its three objects alive and does
- * without any that is destroyed. */
+ * without any that is destroyed. The touch point is read with a limiter too: docs/poke.md has the recipe. */
 
 /* Creates a limiter. `hand` is the hand as tracked, the record whose finger drives `interactor`: the source
  * that `syntheticHand` wraps, not the synthetic hand itself. `interactor` must be a fingertip and
