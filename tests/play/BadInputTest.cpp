@@ -43,7 +43,7 @@ TEST_F(BadInput, SceneComplaintsNameLineOrKey)
     const Case cases[] = {
         {"{\n 'title': oops\n}", ": line 2, column 11: "},
         {"[]", ": the file: expected an object"},
-        {"{'pannels': []}", ": pannels: unknown key"},
+        {"{'pannels': []}", ": pannels: unknown key; did you mean panels?"},
         {"{'rays': [{'name': 'a', 'driver': {'device': 'left', 'key': 1}}]}",
          ": rays[0].driver.key: unknown key"},
         {"{'panels': [{'name': 'p'}]}", ": panels[0].position: is missing"},
@@ -53,6 +53,8 @@ TEST_F(BadInput, SceneComplaintsNameLineOrKey)
          ": patches[0].facing: expected a direction that has a length"},
         {"{'patches': [{'name': 'p', 'position': [0, 0, 0], 'config': {'minThresholdsEnabled': 1}}]}",
          ": patches[0].config.minThresholdsEnabled: expected true or false"},
+        {"{'fingertips': [{'name': 'a', 'hand': 'left', 'joint': 'IndexTp'}]}",
+         ": fingertips[0].joint: 'IndexTp' is unknown; did you mean IndexTip?"},
         {"{'palms': [{'hand': 'middle'}]}", ": palms[0].hand: expected one of 'left', 'right'"},
         {"{'fingertips': [" + kTip + ", " + kTip + "]}", ": fingertips[1].name: 'a' stands twice"},
         {"{'fingertips': [" + kTip + "], 'hands': [{'hand': 'left', 'limiter': 'a'}]}",

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "InputError.h"
+#include "scene/Suggestion.h"
 
 namespace velk_play
 {
@@ -29,6 +30,12 @@ std::vector<std::string> JsonObject::keys() const
     for (const auto& entry : value_->items())
         keys.push_back(entry.key());
     return keys;
+}
+
+bool JsonObject::has(std::string_view key) const
+{
+    known_.emplace(key);
+    return value_->contains(key);
 }
 
 float JsonObject::number(const std::string& key)
@@ -97,7 +104,7 @@ void JsonObject::done() const
 {
     for (const std::string& key : keys()) {
         if (!used_.contains(key))
-            fail(key, "unknown key");
+            fail(key, "unknown key" + suggestion(key, {known_.begin(), known_.end()}));
     }
 }
 
@@ -131,6 +138,12 @@ std::size_t JsonObject::place(const std::string& path, const nlohmann::json& val
         if (value.is_string() && value.get_ref<const std::string&>() == names[i])
             return i;
         list += fmt::format("{}'{}'", i == 0 ? "" : ", ", names[i]);
+    }
+    if (value.is_string()) {
+        const auto& word = value.get_ref<const std::string&>();
+        if (const std::string meant = suggestion(word, {names, names + count}); !meant.empty()) {
+            fail(path, fmt::format("'{}' is unknown{}", word, meant));
+        }
     }
     fail(path, "expected one of " + list);
 }

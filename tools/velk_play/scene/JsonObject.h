@@ -24,7 +24,7 @@ class JsonObject
 public:
     JsonObject(std::string file, std::string path, const nlohmann::json& value);
 
-    bool has(std::string_view key) const { return value_->contains(key); }
+    bool has(std::string_view key) const;
     std::vector<std::string> keys() const;
 
     float number(const std::string& key);
@@ -63,6 +63,7 @@ private:
     std::string path_;
     const nlohmann::json* value_;
     std::set<std::string, std::less<>> used_;
+    mutable std::set<std::string, std::less<>> known_; ///< All that somebody asked for, there or not.
 };
 
 template <std::size_t N>
