@@ -79,8 +79,9 @@ TEST_F(BadInput, RecordingComplaintsNameTheLine)
     const std::string scene = write("scene.json", "{}");
     std::string head = "# a comment\ntime";
     for (const std::string device : {"head", "left", "right"}) {
-        for (const char* part : {"_px", "_py", "_pz", "_qx", "_qy", "_qz", "_qw"})
+        for (const char* part : {"_px", "_py", "_pz", "_qx", "_qy", "_qz", "_qw"}) {
             head += "," + device + part;
+        }
     }
     head += '\n';
     const std::string rest = ",,,,,,,,,,,,,,\n";

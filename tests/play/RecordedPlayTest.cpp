@@ -34,8 +34,9 @@ protected:
             << err();
         std::istringstream lines(read(file));
         Events events;
-        for (std::string line; std::getline(lines, line);)
+        for (std::string line; std::getline(lines, line);) {
             events.push_back(nlohmann::json::parse(line));
+        }
         return events;
     }
 
@@ -45,8 +46,9 @@ protected:
     {
         std::map<std::string, std::vector<double>> times;
         for (const auto& event : events) {
-            if (event[end] == state)
+            if (event[end] == state) {
                 times[event["name"]].push_back(event["time"]);
+            }
         }
         return times;
     }
@@ -78,8 +80,9 @@ TEST_F(RecordedPlay, EachFingerPressesItsOwnButtonAndMovesItsCap)
         playScene("tap_buttons", "motion/joints24/tap_110hz", "--frames " + path("frames.csv"));
     std::map<std::string, std::string> pressed;
     for (const auto& event : events) {
-        if (event["to"] == "Select")
+        if (event["to"] == "Select") {
             pressed[event["name"]] += event["target"].get<std::string>().back();
+        }
     }
     EXPECT_EQ(pressed, (std::map<std::string, std::string>{
                            {"index", "11"}, {"middle", "22"}, {"pinky", "44"}, {"ring", "33"}}));

@@ -127,12 +127,15 @@ inline Quat fromAxes(Vec3 x, Vec3 y, Vec3 z)
 {
     // Each branch divides by a component that is not small, whatever the rotation.
     const float trace = x.x + y.y + z.z;
-    if (trace > 0)
+    if (trace > 0) {
         return normalized(Quat{y.z - z.y, z.x - x.z, x.y - y.x, trace + 1});
-    if (x.x > y.y && x.x > z.z)
+    }
+    if (x.x > y.y && x.x > z.z) {
         return normalized(Quat{1 + x.x - y.y - z.z, y.x + x.y, z.x + x.z, y.z - z.y});
-    if (y.y > z.z)
+    }
+    if (y.y > z.z) {
         return normalized(Quat{y.x + x.y, 1 - x.x + y.y - z.z, z.y + y.z, z.x - x.z});
+    }
     return normalized(Quat{z.x + x.z, z.y + y.z, 1 - x.x - y.y + z.z, x.y - y.x});
 }
 
@@ -142,8 +145,9 @@ inline Quat turnZTo(Vec3 direction, Vec3 up = {0, 1, 0})
 {
     constexpr float kParallel = 0.999f;
     const Vec3 z = normalized(direction);
-    if (std::abs(dot(z, normalized(up))) > kParallel)
+    if (std::abs(dot(z, normalized(up))) > kParallel) {
         up = std::abs(z.z) < kParallel ? Vec3{0, 0, -1} : Vec3{0, 1, 0};
+    }
     const Vec3 x = normalized(cross(up, z));
     return fromAxes(x, cross(z, x), z);
 }

@@ -26,12 +26,14 @@ namespace
 
 std::string readTextFile(const std::string& path)
 {
-    if (std::filesystem::is_directory(path))
+    if (std::filesystem::is_directory(path)) {
         throw InputError(path + ": is a directory");
+    }
     errno = 0;
     std::ifstream file(path, std::ios::binary);
-    if (!file)
+    if (!file) {
         fail(path, "read");
+    }
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
@@ -39,8 +41,9 @@ std::ofstream openForWriting(const std::string& path)
 {
     errno = 0;
     std::ofstream file(path, std::ios::binary);
-    if (!file)
+    if (!file) {
         fail(path, "written");
+    }
     return file;
 }
 
@@ -48,8 +51,9 @@ void finishWriting(std::ofstream& file, const std::string& path)
 {
     errno = 0;
     file.close();
-    if (!file)
+    if (!file) {
         fail(path, "written");
+    }
 }
 
 } // namespace velk_play

@@ -72,8 +72,9 @@ void addOptions(CLI::App& app, Options& options)
 velk_play::Pace paceOf(const Options& options)
 {
     using velk_play::Pace;
-    if (!options.trace.empty())
+    if (!options.trace.empty()) {
         return Pace::Settled;
+    }
     return options.realTime ? Pace::RealTime : Pace::AsFastAsPossible;
 }
 
@@ -87,19 +88,24 @@ void run(const Options& options)
 
     std::vector<std::unique_ptr<Observer>> outputs;
     outputs.push_back(std::make_unique<TransitionPrinter>(options.quiet));
-    if (!options.events.empty())
+    if (!options.events.empty()) {
         outputs.push_back(std::make_unique<EventWriter>(options.events));
-    if (!options.frames.empty())
+    }
+    if (!options.frames.empty()) {
         outputs.push_back(std::make_unique<FrameWriter>(options.frames));
-    if (!options.report.empty())
+    }
+    if (!options.report.empty()) {
         outputs.push_back(std::make_unique<ReportWriter>(options.report));
+    }
 
-    if (traces)
+    if (traces) {
         outputs.push_back(std::make_unique<TraceWriter>(options.trace, options.traceStep));
+    }
 
     std::vector<Observer*> observers;
-    for (const auto& output : outputs)
+    for (const auto& output : outputs) {
         observers.push_back(output.get());
+    }
     play(scene, recording, observers, paceOf(options));
 }
 
@@ -133,8 +139,9 @@ int main(int argc, char** argv)
 {
     Options options;
     const int code = guardedMain(argc, argv, options);
-    if (options.fullExit)
+    if (options.fullExit) {
         return code;
+    }
     // A normal exit waits for the library's usage thread, which sleeps up to ten seconds. Nothing here needs
     // it.
     std::fflush(nullptr);

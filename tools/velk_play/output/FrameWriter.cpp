@@ -33,14 +33,16 @@ public:
     /// Three cells, left empty unless known.
     void add(Vec3 v, bool known)
     {
-        for (const float value : {v.x, v.y, v.z})
+        for (const float value : {v.x, v.y, v.z}) {
             add(known ? fmt::format("{}", value) : std::string());
+        }
     }
 
     void names(const std::string& prefix, std::initializer_list<const char*> parts)
     {
-        for (const char* part : parts)
+        for (const char* part : parts) {
             add(prefix + "." + part);
+        }
     }
 
     const std::string& line() const { return line_; }
@@ -52,8 +54,9 @@ private:
 void addGripNames(Row& row, const char* kind, const std::vector<GripTrack>& tracks)
 {
     for (const GripTrack& track : tracks) {
-        for (const std::size_t finger : track.fingers)
+        for (const std::size_t finger : track.fingers) {
             row.names(fmt::format("{} {}", kind, fingerName(track, finger)), {"score", "holds"});
+        }
     }
 }
 
@@ -87,14 +90,17 @@ void FrameWriter::writeHeader()
     row.add("frame");
     row.add("time");
     row.add("library_us");
-    for (const Ray& ray : scene_.rays)
+    for (const Ray& ray : scene_.rays) {
         row.names("ray " + ray.name,
                   {"state", "target", "origin_x", "origin_y", "origin_z", "end_x", "end_y", "end_z"});
-    for (const Fingertip& tip : scene_.fingertips)
+    }
+    for (const Fingertip& tip : scene_.fingertips) {
         row.names("fingertip " + tip.name,
                   {"state", "target", "tip_x", "tip_y", "tip_z", "touch_x", "touch_y", "touch_z"});
-    for (const Patch& patch : scene_.patches)
+    }
+    for (const Patch& patch : scene_.patches) {
         row.names("patch " + patch.name, {"state", "extent"});
+    }
     for (const HandChain& hand : scene_.hands) {
         row.names(fmt::format("hand {}", kSideNames[static_cast<std::size_t>(hand.side)]),
                   {"raw_x", "raw_y", "raw_z", "filtered_x", "filtered_y", "filtered_z", "shown_x", "shown_y",
@@ -102,8 +108,9 @@ void FrameWriter::writeHeader()
     }
     addGripNames(row, "pinch", scene_.pinches);
     addGripNames(row, "palm", scene_.palms);
-    for (const DirectionTrack& track : scene_.directions)
+    for (const DirectionTrack& track : scene_.directions) {
         row.names("direction " + track.name, {"angle", "alignment", "active"});
+    }
     file_ << row.line() << '\n';
 }
 
@@ -130,8 +137,9 @@ void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
         row.add(patch.extent);
     }
     for (const HandView& hand : seen.hands) {
-        for (const velk_HandData* data : {&hand.raw, &hand.filtered, &hand.shown})
+        for (const velk_HandData* data : {&hand.raw, &hand.filtered, &hand.shown}) {
             row.add(data->rootPose.position, hand.tracked);
+        }
     }
     addGrips(row, scene_.pinches, seen.pinches);
     addGrips(row, scene_.palms, seen.palms);

@@ -51,8 +51,9 @@ std::string stateName(VelkInteractableState state)
 
 const char* gripState(const GripView& grip, std::size_t finger)
 {
-    if (grip.changed[finger])
+    if (grip.changed[finger]) {
         return grip.holds[finger] ? "starts" : "ends";
+    }
     return grip.holds[finger] ? "holds" : "open";
 }
 
@@ -79,13 +80,15 @@ void TraceWriter::begin(const Scene& scene, const Recording& recording)
 
 void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& changes)
 {
-    if (seen.frame % step_ != 0 && changes.empty())
+    if (seen.frame % step_ != 0 && changes.empty()) {
         return;
+    }
     file_ << fmt::format("\nframe {} at {} s\n", seen.frame, seen.time);
     writeRays(seen);
     writePokes(seen);
-    for (std::size_t i = 0; i < seen.hands.size() && seen.frame % step_ == 0; ++i)
+    for (std::size_t i = 0; i < seen.hands.size() && seen.frame % step_ == 0; ++i) {
         writeHand(scene_.hands[i], seen.hands[i]);
+    }
     writeGrips("pinch", scene_.pinches, seen.pinches);
     writeGrips("palm", scene_.palms, seen.palms);
     writeDirections(seen);
@@ -93,9 +96,10 @@ void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& 
 
 void TraceWriter::writeRays(const Observation& seen)
 {
-    for (std::size_t i = 0; i < seen.rayTargets.size(); ++i)
+    for (std::size_t i = 0; i < seen.rayTargets.size(); ++i) {
         file_ << fmt::format("target '{}' {}\n", scene_.rayTarget(static_cast<int>(i)),
                              stateName(seen.rayTargets[i]));
+    }
     for (std::size_t i = 0; i < seen.rays.size(); ++i) {
         const RayView& ray = seen.rays[i];
         file_ << fmt::format(
@@ -109,8 +113,9 @@ void TraceWriter::writePokes(const Observation& seen)
     for (std::size_t i = 0; i < seen.patches.size(); ++i) {
         const PatchView& patch = seen.patches[i];
         file_ << fmt::format("patch '{}' {}", scene_.patches[i].name, stateName(patch.state));
-        if (patch.cap)
+        if (patch.cap) {
             file_ << fmt::format(" extent {} cap {}", text(patch.extent), text(*patch.cap));
+        }
         file_ << '\n';
     }
     for (std::size_t i = 0; i < seen.fingertips.size(); ++i) {
@@ -118,8 +123,9 @@ void TraceWriter::writePokes(const Observation& seen)
         file_ << fmt::format("fingertip '{}' {} {}", scene_.fingertips[i].name,
                              velk_play::stateName(tip.state),
                              target(scene_.patchName(tip.target), tip.handle));
-        if (tip.touch)
+        if (tip.touch) {
             file_ << " touch " << text(*tip.touch);
+        }
         file_ << '\n';
     }
 }
@@ -136,8 +142,9 @@ void TraceWriter::writeHand(const HandChain& chain, const HandView& hand)
     for (std::size_t i = 0; i < kJointNames.size(); ++i) {
         const Quat& filtered = hand.filtered.joints[i];
         file_ << fmt::format("  {} {}", kJointNames[i], text(filtered));
-        if (std::memcmp(&filtered, &hand.shown.joints[i], sizeof filtered) != 0)
+        if (std::memcmp(&filtered, &hand.shown.joints[i], sizeof filtered) != 0) {
             file_ << " shown " << text(hand.shown.joints[i]);
+        }
         file_ << '\n';
     }
 }
@@ -152,9 +159,10 @@ void TraceWriter::writeGrips(const char* kind, const std::vector<GripTrack>& tra
             continue;
         }
         file_ << fmt::format("{} center {}", who, text(grips[i].center));
-        for (std::size_t finger = 0; finger < kFingerNames.size(); ++finger)
+        for (std::size_t finger = 0; finger < kFingerNames.size(); ++finger) {
             file_ << fmt::format(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
                                  text(grips[i].scores[finger]));
+        }
         file_ << '\n';
     }
 }

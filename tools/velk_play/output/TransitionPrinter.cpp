@@ -20,8 +20,9 @@ bool isCounted(const std::string& state)
 /// What a count stands for: the target, or for what has none the state itself.
 std::string countedOn(const Transition& change)
 {
-    if (!change.target.empty())
+    if (!change.target.empty()) {
         return change.target;
+    }
     return change.to == "Select" ? "nothing" : change.to;
 }
 
@@ -38,11 +39,13 @@ void TransitionPrinter::begin(const Scene& scene, const Recording& recording)
 void TransitionPrinter::frame(const Observation&, const std::vector<Transition>& changes)
 {
     for (const Transition& change : changes) {
-        if (!quiet_)
+        if (!quiet_) {
             fmt::print("{:8.3f} s  {:<9} {:<16} {:>10} -> {:<10} {}\n", change.time, change.kind, change.name,
                        change.from, change.to, change.target.empty() ? "-" : change.target);
-        if (isCounted(change.to) && change.from != change.to)
+        }
+        if (isCounted(change.to) && change.from != change.to) {
             ++counts_[change.kind + " " + change.name][countedOn(change)];
+        }
     }
 }
 
@@ -50,8 +53,9 @@ void TransitionPrinter::end(const Summary& summary)
 {
     for (const auto& [who, targets] : counts_) {
         std::string list;
-        for (const auto& [target, count] : targets)
+        for (const auto& [target, count] : targets) {
             list += fmt::format("{}{} x{}", list.empty() ? "" : ", ", target, count);
+        }
         fmt::print("  {}: {}\n", who, list);
     }
     fmt::print("{} frames, {} transitions, {:.1f} us a frame inside the library (worst {:.1f} us)\n",

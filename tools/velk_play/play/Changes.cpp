@@ -47,9 +47,10 @@ void addGripChanges(ChangeList& list, const char* kind, const char* held,
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         const GripView old = viewBefore(before, i);
         for (const std::size_t finger : tracks[i].fingers) {
-            if (old.holds[finger] != now[i].holds[finger])
+            if (old.holds[finger] != now[i].holds[finger]) {
                 list.add(kind, fingerName(tracks[i], finger), old.holds[finger] ? held : "open",
                          now[i].holds[finger] ? held : "open", {});
+            }
         }
     }
 }
@@ -67,24 +68,27 @@ std::vector<Transition> findChanges(const Scene& scene, const Observation& befor
     for (std::size_t i = 0; i < now.rays.size(); ++i) {
         const RayView old = viewBefore(before.rays, i);
         const RayView& ray = now.rays[i];
-        if (ray.state != old.state || ray.target != old.target)
+        if (ray.state != old.state || ray.target != old.target) {
             list.add("ray", scene.rays[i].name, stateName(old.state), stateName(ray.state),
                      scene.rayTarget(ray.target >= 0 ? ray.target : old.target));
+        }
     }
     for (std::size_t i = 0; i < now.fingertips.size(); ++i) {
         const FingertipView old = viewBefore(before.fingertips, i);
         const FingertipView& tip = now.fingertips[i];
-        if (tip.state != old.state || tip.target != old.target)
+        if (tip.state != old.state || tip.target != old.target) {
             list.add("fingertip", scene.fingertips[i].name, stateName(old.state), stateName(tip.state),
                      scene.patchName(tip.target >= 0 ? tip.target : old.target));
+        }
     }
     addGripChanges(list, "pinch", "pinching", scene.pinches, before.pinches, now.pinches);
     addGripChanges(list, "palm", "gripping", scene.palms, before.palms, now.palms);
     for (std::size_t i = 0; i < now.directions.size(); ++i) {
         const DirectionView old = viewBefore(before.directions, i);
-        if (old.active != now.directions[i].active)
+        if (old.active != now.directions[i].active) {
             list.add("direction", scene.directions[i].name, old.active ? "recognised" : "off",
                      now.directions[i].active ? "recognised" : "off", {});
+        }
     }
     return list.take();
 }

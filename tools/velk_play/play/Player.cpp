@@ -38,8 +38,9 @@ void add(Summary& summary, const Observation& seen, const std::vector<Transition
 
 Scene withoutEasing(Scene scene)
 {
-    for (Patch& patch : scene.patches)
+    for (Patch& patch : scene.patches) {
         patch.config.dragThresholdsEnabled = 0;
+    }
     return scene;
 }
 
@@ -47,30 +48,35 @@ Summary play(const Scene& scene, const Recording& recording, const std::vector<O
              Pace pace)
 {
     World world(scene, recording);
-    if (pace == Pace::Settled)
+    if (pace == Pace::Settled) {
         world.settleCurves();
+    }
     Summary summary;
-    for (Observer* observer : observers)
+    for (Observer* observer : observers) {
         observer->begin(scene, recording);
+    }
 
     Progress progress(recording.frames.size());
     const Clock::time_point start = Clock::now();
     Observation before;
     for (std::size_t i = 0; i < recording.frames.size(); ++i) {
-        if (pace == Pace::RealTime)
+        if (pace == Pace::RealTime) {
             waitFor(recording.frames[i], recording.frames.front().time, start);
+        }
         Observation seen = world.update(i, recording.frames[i]);
         const std::vector<Transition> changes = findChanges(scene, before, seen);
         add(summary, seen, changes);
-        for (Observer* observer : observers)
+        for (Observer* observer : observers) {
             observer->frame(seen, changes);
+        }
         before = std::move(seen);
         progress.advanceTo(i + 1);
     }
 
     progress.clear();
-    for (Observer* observer : observers)
+    for (Observer* observer : observers) {
         observer->end(summary);
+    }
     return summary;
 }
 

@@ -35,8 +35,9 @@ Progress::Progress(std::size_t total)
 
 void Progress::advanceTo(std::size_t done)
 {
-    if (!watched_ || std::chrono::steady_clock::now() < next_)
+    if (!watched_ || std::chrono::steady_clock::now() < next_) {
         return;
+    }
     fmt::print(stderr, "\rframe {} of {}", done, total_);
     std::fflush(stderr);
     shown_ = true;
@@ -46,8 +47,9 @@ void Progress::advanceTo(std::size_t done)
 void Progress::clear()
 {
     constexpr const char* kEraseLine = "\r\x1b[K";
-    if (shown_)
+    if (shown_) {
         std::fputs(kEraseLine, stderr);
+    }
     shown_ = false;
 }
 

@@ -23,8 +23,9 @@ std::vector<std::string> split(std::string_view line)
     for (std::size_t begin = 0;;) {
         const std::size_t end = line.find(',', begin);
         cells.emplace_back(line.substr(begin, end - begin));
-        if (end == std::string_view::npos)
+        if (end == std::string_view::npos) {
             return cells;
+        }
         begin = end + 1;
     }
 }
@@ -47,27 +48,31 @@ CsvTable::CsvTable(std::string name, std::string_view text)
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
         std::string_view line = text.substr(begin, end - begin);
-        if (line.ends_with('\r'))
+        if (line.ends_with('\r')) {
             line.remove_suffix(1);
+        }
         addLine(++lastLine_, line);
         begin = end + 1;
     }
-    if (columns_.empty())
+    if (columns_.empty()) {
         failAtLine(std::max<std::size_t>(lastLine_, 1), "has no line of column names");
+    }
 }
 
 void CsvTable::addLine(std::size_t line, std::string_view text)
 {
-    if (text.starts_with('#') || text.empty())
+    if (text.starts_with('#') || text.empty()) {
         return;
+    }
     if (columns_.empty()) {
         columns_ = split(text);
         return;
     }
     Row row{line, split(text)};
-    if (row.cells.size() != columns_.size())
+    if (row.cells.size() != columns_.size()) {
         failAtLine(line, fmt::format("has {} cells where the table has {} columns", row.cells.size(),
                                      columns_.size()));
+    }
     rows_.push_back(std::move(row));
 }
 
@@ -79,8 +84,9 @@ bool CsvTable::hasColumn(std::string_view column) const
 std::size_t CsvTable::column(std::string_view column) const
 {
     const auto found = std::find(columns_.begin(), columns_.end(), column);
-    if (found == columns_.end())
+    if (found == columns_.end()) {
         throw InputError(fmt::format("{}: has no column '{}'", name_, column));
+    }
     return static_cast<std::size_t>(found - columns_.begin());
 }
 
@@ -90,8 +96,9 @@ double CsvTable::number(std::size_t row, std::size_t column) const
     double value = 0;
     const char* end = cell.data() + cell.size();
     const auto [stop, error] = std::from_chars(cell.data(), end, value);
-    if (error != std::errc() || stop != end || !std::isfinite(static_cast<float>(value)))
+    if (error != std::errc() || stop != end || !std::isfinite(static_cast<float>(value))) {
         fail(row, fmt::format("'{}' in column '{}' is not a number", shown(cell), columns_[column]));
+    }
     return value;
 }
 

@@ -49,8 +49,9 @@ template <std::size_t N>
 std::optional<std::size_t> indexOf(const std::array<std::string_view, N>& names, std::string_view name)
 {
     for (std::size_t i = 0; i < N; ++i) {
-        if (names[i] == name)
+        if (names[i] == name) {
             return i;
+        }
     }
     return std::nullopt;
 }

@@ -28,8 +28,9 @@ double Recording::handRate(Side side) const
     double last = 0;
     int count = 0;
     for (const Frame& frame : frames) {
-        if (!frame.hand(side))
+        if (!frame.hand(side)) {
             continue;
+        }
         first = count == 0 ? frame.time : first;
         last = frame.time;
         ++count;

@@ -29,8 +29,9 @@ public:
     PoseColumns(const CsvTable& table, std::string_view prefix)
         : prefix_(prefix)
     {
-        for (std::size_t i = 0; i < kPoseParts.size(); ++i)
+        for (std::size_t i = 0; i < kPoseParts.size(); ++i) {
             columns_[i] = table.column(fmt::format("{}_{}", prefix, kPoseParts[i]));
+        }
     }
 
     bool isEmpty(const CsvTable& table, std::size_t row) const
@@ -41,12 +42,14 @@ public:
     Pose read(const CsvTable& table, std::size_t row) const
     {
         std::array<float, 7> n{};
-        for (std::size_t i = 0; i < n.size(); ++i)
+        for (std::size_t i = 0; i < n.size(); ++i) {
             n[i] = static_cast<float>(table.number(row, columns_[i]));
+        }
         const Quat rotation{n[3], n[4], n[5], n[6]};
-        if (!(std::abs(length(rotation) - 1) < kLengthTolerance))
+        if (!(std::abs(length(rotation) - 1) < kLengthTolerance)) {
             table.fail(row, fmt::format("the rotation in '{}_qx' to '{}_qw' is not of unit length", prefix_,
                                         prefix_));
+        }
         return {normalized(rotation), {n[0], n[1], n[2]}};
     }
 
@@ -62,8 +65,9 @@ struct HandColumns
         , handedness(table.column("handedness"))
         , root(table, "root")
     {
-        for (const std::string_view joint : kJointNames)
+        for (const std::string_view joint : kJointNames) {
             joints.emplace_back(table, joint);
+        }
     }
 
     std::size_t hand;
@@ -76,8 +80,9 @@ HandSample readHand(const CsvTable& table, std::size_t row, const HandColumns& c
 {
     HandSample sample;
     sample.root = columns.root.read(table, row);
-    for (std::size_t i = 0; i < columns.joints.size(); ++i)
+    for (std::size_t i = 0; i < columns.joints.size(); ++i) {
         sample.joints[i] = columns.joints[i].read(table, row);
+    }
     sample.handedness = table.number(row, columns.handedness) != 0 ? 1 : 0;
     return sample;
 }
@@ -87,8 +92,9 @@ std::size_t readName(const CsvTable& table, std::size_t row, std::size_t column,
                      const std::array<std::string_view, N>& names, const char* wanted)
 {
     const auto index = indexOf(names, table.text(row, column));
-    if (!index)
+    if (!index) {
         table.fail(row, fmt::format("expected {}", wanted));
+    }
     return *index;
 }
 
@@ -100,8 +106,9 @@ Frame& frameFor(const CsvTable& table, std::size_t row, double time, Recording& 
         frame.time = time;
         return frame;
     }
-    if (time < recording.frames.back().time)
+    if (time < recording.frames.back().time) {
         table.fail(row, "the time goes back");
+    }
     return recording.frames.back();
 }
 
@@ -113,8 +120,9 @@ void readHands(const CsvTable& table, Recording& recording)
         Frame& frame = frameFor(table, row, table.number(row, time), recording);
         auto& hand =
             frame.hands[readName(table, row, columns.hand, kSideNames, "'left' or 'right' in column 'hand'")];
-        if (hand)
+        if (hand) {
             table.fail(row, "a second row for this hand and time");
+        }
         hand = readHand(table, row, columns);
     }
 }
@@ -123,16 +131,19 @@ void readDevices(const CsvTable& table, Recording& recording)
 {
     const std::size_t time = table.column("time");
     std::vector<PoseColumns> columns;
-    for (const std::string_view device : kDeviceNames)
+    for (const std::string_view device : kDeviceNames) {
         columns.emplace_back(table, device);
+    }
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
         const std::size_t before = recording.frames.size();
         Frame& frame = frameFor(table, row, table.number(row, time), recording);
-        if (recording.frames.size() == before)
+        if (recording.frames.size() == before) {
             table.fail(row, "a second row for this time");
+        }
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (!columns[i].isEmpty(table, row))
+            if (!columns[i].isEmpty(table, row)) {
                 frame.devices[i] = columns[i].read(table, row);
+            }
         }
     }
 }
@@ -151,14 +162,16 @@ Recording parseRecording(const std::string& name, std::string_view text)
     const CsvTable table(name, text);
     Recording recording;
     recording.name = std::filesystem::path(name).stem().string();
-    if (table.hasColumn("root_px"))
+    if (table.hasColumn("root_px")) {
         readHands(table, recording);
-    else if (table.hasColumn("head_px"))
+    } else if (table.hasColumn("head_px")) {
         readDevices(table, recording);
-    else
+    } else {
         throw InputError(name + ": has neither the columns of hands ('root_px') nor of devices ('head_px')");
-    if (recording.frames.empty())
+    }
+    if (recording.frames.empty()) {
         throw InputError(name + ": has no rows");
+    }
     return recording;
 }
 
@@ -177,8 +190,9 @@ void addTriggers(Recording& recording, const std::string& name, std::string_view
         const bool down = readName(table, row, edge, kEdges, "'down' or 'up' in column 'event'") == 1;
         const auto frame = std::lower_bound(recording.frames.begin(), recording.frames.end(), time,
                                             [](const Frame& f, double t) { return f.time < t; });
-        if (table.text(row, button) == "trigger" && frame != recording.frames.end())
+        if (table.text(row, button) == "trigger" && frame != recording.frames.end()) {
             frame->triggers.push_back({pressed, down});
+        }
     }
 }
 
@@ -187,8 +201,9 @@ Recording loadRecording(const std::string& path, const std::string& triggersPath
     Recording recording = parseRecording(path, readTextFile(path));
     const std::string events =
         triggersPath.empty() && recording.hasDevices() ? eventsBeside(path) : triggersPath;
-    if (!events.empty())
+    if (!events.empty()) {
         addTriggers(recording, events, readTextFile(events));
+    }
     return recording;
 }
 

@@ -28,8 +28,9 @@ constexpr double kLeastTouchView = 20; // mm
 const Patch& patchFor(const ReportData& data, const FingertipView& tip)
 {
     const std::vector<Patch>& patches = data.scene.patches;
-    if (tip.target >= 0)
+    if (tip.target >= 0) {
         return patches[static_cast<std::size_t>(tip.target)];
+    }
     return *std::min_element(patches.begin(), patches.end(), [&](const Patch& a, const Patch& b) {
         return distanceTo(a, tip.tip) < distanceTo(b, tip.tip);
     });
@@ -63,16 +64,18 @@ std::string heightPlot(const ReportData& data, std::size_t i)
     plot.legend("soft Hover", "hover");
     plot.legend("soft Select", "press");
     for (const Transition& change : data.changes) {
-        if (change.kind != "fingertip" || change.name != fingertip.name)
+        if (change.kind != "fingertip" || change.name != fingertip.name) {
             continue;
+        }
         // A fingertip that is lost has no height any more: its release is marked where it was last.
         const bool lost = std::isnan(height[change.frame].y) && change.frame > 0;
         const Point at{change.time, height[change.frame - (lost ? 1 : 0)].y};
         const std::string title = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
-        if (change.to == "Select")
+        if (change.to == "Select") {
             plot.mark(at, Mark::Down, "press", "press: " + title);
-        else if (change.from == "Select")
+        } else if (change.from == "Select") {
             plot.mark(at, Mark::Up, "release", "release: " + title);
+        }
     }
     return figure(plot.take());
 }
@@ -82,8 +85,9 @@ std::set<std::size_t> patchesOf(const ReportData& data, std::size_t i)
 {
     std::set<std::size_t> patches;
     for (const Observation& seen : data.frames) {
-        if (seen.fingertips[i].target >= 0)
+        if (seen.fingertips[i].target >= 0) {
             patches.insert(static_cast<std::size_t>(seen.fingertips[i].target));
+        }
     }
     return patches;
 }
@@ -91,11 +95,13 @@ std::set<std::size_t> patchesOf(const ReportData& data, std::size_t i)
 std::string travelPlot(const ReportData& data, const std::set<std::size_t>& patches)
 {
     double most = 0;
-    for (const std::size_t p : patches)
+    for (const std::size_t p : patches) {
         most = std::max(
             most, data.scene.patches[p].button ? data.scene.patches[p].button->travel * kMillimetres : 0);
-    if (!(most > 0))
+    }
+    if (!(most > 0)) {
         return {};
+    }
     Plot plot({kWide,
                150,
                "Height of the button's cap",
@@ -141,25 +147,29 @@ std::string touchPlot(const ReportData& data, std::size_t i, const std::set<std:
         const FingertipView& tip = seen.fingertips[i];
         finger.push_back(tip.touch ? flat(tip.tip) : Point{kGap, kGap});
         touch.push_back(tip.touch ? flat(*tip.touch) : Point{kGap, kGap});
-        if (tip.touch)
+        if (tip.touch) {
             seenPoints.insert(seenPoints.end(), {finger.back(), touch.back()});
+        }
     }
-    if (seenPoints.empty())
+    if (seenPoints.empty()) {
         return {};
+    }
     const auto [x, y] = squareAround(seenPoints);
     Plot plot(
         {kNarrow, heightForEqualScale(kNarrow, x, y), "Touch points", "along the surface (mm)", "mm", x, y});
     for (const std::size_t p : patches) {
         std::vector<Point> outline;
-        for (const Vec3 corner : cornersOf(data.scene.patches[p]))
+        for (const Vec3 corner : cornersOf(data.scene.patches[p])) {
             outline.push_back(flat(corner));
+        }
         plot.polygon(outline, "surface", data.scene.patches[p].name);
     }
     plot.line(finger, "line thin faint grey", "finger");
     plot.line(touch, "line bold " + colourOf(data.scene.fingertips[i]), "touch");
     for (std::size_t f = 0; f < touch.size(); ++f) {
-        if (!std::isnan(touch[f].x))
+        if (!std::isnan(touch[f].x)) {
             plot.mark(touch[f], Mark::Dot, "Select", fmt::format("{:.3f} s", data.frames[f].time));
+        }
     }
     return figure(plot.take());
 }
@@ -168,8 +178,9 @@ std::string touchPlot(const ReportData& data, std::size_t i, const std::set<std:
 
 std::string fingertipSection(const ReportData& data)
 {
-    if (data.scene.fingertips.empty() || data.scene.patches.empty())
+    if (data.scene.fingertips.empty() || data.scene.patches.empty()) {
         return {};
+    }
     std::string body;
     for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
         const std::set<std::size_t> patches = patchesOf(data, i);

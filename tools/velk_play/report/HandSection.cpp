@@ -53,9 +53,10 @@ std::vector<Signal> signalsOf(const HandChain& chain, const velk_HandData& first
     }
     signals.push_back(turnOf("root, turned", first.rootPose.orientation,
                              [](const velk_HandData& hand) { return hand.rootPose.orientation; }));
-    for (const std::size_t joint : chain.joints)
+    for (const std::size_t joint : chain.joints) {
         signals.push_back(turnOf(fmt::format("{}, turned", kJointNames[joint]), first.joints[joint],
                                  [joint](const velk_HandData& hand) { return hand.joints[joint]; }));
+    }
     return signals;
 }
 
@@ -72,8 +73,9 @@ double meanStep(const std::vector<Point>& points)
     int count = 0;
     for (std::size_t i = 1; i < points.size(); ++i) {
         const double step = std::abs(points[i].y - points[i - 1].y);
-        if (std::isnan(step))
+        if (std::isnan(step)) {
             continue;
+        }
         sum += step;
         ++count;
     }
@@ -86,8 +88,9 @@ Point largestGap(const std::vector<Point>& a, const std::vector<Point>& b)
     Point largest{0, 0};
     for (std::size_t i = 0; i < a.size(); ++i) {
         const double gap = std::abs(a[i].y - b[i].y);
-        if (gap > largest.y)
+        if (gap > largest.y) {
             largest = {a[i].x, gap};
+        }
     }
     return largest;
 }
@@ -115,8 +118,9 @@ std::string filterPart(const ReportData& data, std::size_t i)
         const auto raw = curve(data, i, &HandView::raw, signal);
         const auto filtered = curve(data, i, &HandView::filtered, signal);
         const double step = meanStep(raw);
-        if (!(step > 0))
+        if (!(step > 0)) {
             continue; // a hand that never moves in this way
+        }
         const Point gap = largestGap(raw, filtered);
         plots += pairPlot(signal.name, signal.unit, data.time(), width, raw, filtered);
         if (isLong) {
@@ -139,8 +143,9 @@ std::string pressPlot(const char* title, Range time, const std::vector<Run<VelkI
                       const std::vector<Point>& real, const std::vector<Point>& drawn)
 {
     Plot plot({kWidth, 230, title, "time (s)", "mm", time, rangeOf({real, drawn})});
-    for (const auto& run : states)
+    for (const auto& run : states) {
         plot.band(run.time, "soft " + stateName(run.value), stateName(run.value));
+    }
     plot.level(0, "surface");
     plot.line(real, "line thin grey", "recorded");
     plot.line(drawn, "line c3", "drawn");
@@ -152,13 +157,15 @@ std::string pressPlot(const char* title, Range time, const std::vector<Run<VelkI
 std::string limiterPart(const ReportData& data, std::size_t i)
 {
     const std::optional<std::size_t> finger = data.scene.hands[i].limiter;
-    if (!finger)
+    if (!finger) {
         return {};
+    }
     const auto pressed = std::find_if(data.frames.begin(), data.frames.end(), [&](const Observation& seen) {
         return seen.fingertips[*finger].touch.has_value();
     });
-    if (pressed == data.frames.end())
+    if (pressed == data.frames.end()) {
         return "<p>The limiter's fingertip presses nothing in this recording.</p>\n";
+    }
     const Pose& pose = data.scene.patches[static_cast<std::size_t>(pressed->fingertips[*finger].target)].pose;
     const auto height = [&pose](Vec3 point) { return inverseTransform(pose, point).z * kMillimetres; };
     const auto wrist = [&](HandOf which) {
@@ -198,8 +205,9 @@ std::string handSection(const ReportData& data)
                             kSideNames[static_cast<std::size_t>(data.scene.hands[i].side)]) +
                 limiterPart(data, i) + filterPart(data, i);
     }
-    if (body.empty())
+    if (body.empty()) {
         return {};
+    }
     return section("Hand",
                    "The recorded hand goes through the one euro filter, which takes out jitter when the hand "
                    "is slow and follows when it is fast, and then through the synthetic hand, which a "

@@ -82,13 +82,15 @@ std::string figure(const std::string& svg)
 std::string table(const std::vector<std::string>& head, const std::vector<std::vector<std::string>>& rows)
 {
     std::string html = "<div class=\"scroll\"><table>\n<tr>";
-    for (const std::string& cell : head)
+    for (const std::string& cell : head) {
         html += "<th>" + escaped(cell) + "</th>";
+    }
     html += "</tr>\n";
     for (const auto& row : rows) {
         html += "<tr>";
-        for (const std::string& cell : row)
+        for (const std::string& cell : row) {
             html += "<td>" + escaped(cell) + "</td>";
+        }
         html += "</tr>\n";
     }
     return html + "</table></div>\n";

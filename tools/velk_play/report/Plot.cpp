@@ -68,8 +68,9 @@ std::vector<Point> Plot::toPixels(const std::vector<Point>& points) const
 {
     std::vector<Point> pixels;
     pixels.reserve(points.size());
-    for (const Point& p : points)
+    for (const Point& p : points) {
         pixels.push_back(toPixels(p));
+    }
     return pixels;
 }
 
@@ -83,8 +84,9 @@ void Plot::band(Range time, std::string_view style, std::string_view what)
 void Plot::line(const std::vector<Point>& points, std::string_view style, const std::string& label)
 {
     svg_.polyline(toPixels(points), style);
-    if (!label.empty())
+    if (!label.empty()) {
         legend(style, label);
+    }
 }
 
 void Plot::level(double y, const std::string& label)
@@ -129,10 +131,11 @@ void Plot::drawLegend()
         x -= kLetter * static_cast<double>(label.size());
         svg_.text({x, 18}, Anchor::Start, "note", label);
         x -= 22;
-        if (style.starts_with("line"))
+        if (style.starts_with("line")) {
             svg_.line({x, 14}, {x + 16, 14}, style);
-        else
+        } else {
             svg_.rect(x, 9, 16, 10, style);
+        }
         x -= 14;
     }
 }
@@ -153,8 +156,9 @@ Range rangeOf(const std::vector<std::vector<Point>>& curves, double margin)
             range.high = std::isnan(point.y) ? range.high : std::max(range.high, point.y);
         }
     }
-    if (range.low > range.high)
+    if (range.low > range.high) {
         return {0, 1};
+    }
     const double extra = range.size() > 0 ? range.size() * margin : 0.5;
     return {range.low - extra, range.high + extra};
 }
@@ -180,8 +184,9 @@ std::vector<double> ticksFor(Range range, double count)
     const double lead = rough / power;
     const double step = power * (lead <= 1 ? 1 : lead <= 2 ? 2 : lead <= 5 ? 5 : 10);
     std::vector<double> ticks;
-    for (double i = std::ceil(low / step); i * step <= high; ++i)
+    for (double i = std::ceil(low / step); i * step <= high; ++i) {
         ticks.push_back(i * step);
+    }
     return ticks;
 }
 

@@ -43,8 +43,9 @@ auto runsOf(const ReportData& data, Read read)
     std::vector<Run<T>> runs;
     for (std::size_t i = 0; i < data.frames.size(); ++i) {
         T value = read(data.frames[i]);
-        if (runs.empty() || runs.back().value != value)
+        if (runs.empty() || runs.back().value != value) {
             runs.push_back({{data.frames[i].time, 0}, std::move(value)});
+        }
         runs.back().time.high = data.endOf(i);
     }
     return runs;
@@ -56,8 +57,9 @@ std::vector<Point> curveOf(const ReportData& data, Read read)
 {
     std::vector<Point> points;
     points.reserve(data.frames.size());
-    for (const Observation& seen : data.frames)
+    for (const Observation& seen : data.frames) {
         points.push_back({seen.time, read(seen)});
+    }
     return points;
 }
 

@@ -62,14 +62,17 @@ std::vector<Vec3> landmarks(const ReportData& data)
     add(data.scene.patches);
     for (const Observation& seen : data.frames) {
         for (std::size_t i = 0; i < seen.rays.size(); ++i) {
-            if (seen.rays[i].tracked)
+            if (seen.rays[i].tracked) {
                 points.push_back(seen.rays[i].origin);
-            if (isHit(data, seen, i))
+            }
+            if (isHit(data, seen, i)) {
                 points.push_back(seen.rays[i].end);
+            }
         }
         for (const FingertipView& tip : seen.fingertips) {
-            if (tip.tracked)
+            if (tip.tracked) {
                 points.push_back(tip.tip);
+            }
         }
     }
     return points;
@@ -97,8 +100,9 @@ std::vector<Point> outline(std::vector<Point> points)
     for (int pass = 0; pass < 2; ++pass) {
         const std::size_t start = hull.size();
         for (const Point& p : points) {
-            while (hull.size() >= start + 2 && cross(hull[hull.size() - 2], hull.back(), p) <= 0)
+            while (hull.size() >= start + 2 && cross(hull[hull.size() - 2], hull.back(), p) <= 0) {
                 hull.pop_back();
+            }
             hull.push_back(p);
         }
         hull.pop_back();
@@ -119,9 +123,11 @@ void drawShapes(Plot& plot, const View& view, const std::vector<Shape>& shapes, 
         const auto [low, high] =
             std::minmax_element(corners.begin(), corners.end(), [](Point a, Point b) { return a.y < b.y; });
         const double below = 1.3 * letter; // from the upper edge to the foot of its name
-        if (x.size() > letter * static_cast<double>(shape.name.size()) / 2 && high->y - low->y > 1.5 * letter)
+        if (x.size() > letter * static_cast<double>(shape.name.size()) / 2 &&
+            high->y - low->y > 1.5 * letter) {
             plot.text({x.low + letter / 2, view.downwards ? low->y + below : high->y - below}, Anchor::Start,
                       "note", shape.name);
+        }
     }
 }
 
@@ -133,8 +139,9 @@ void drawRay(Plot& plot, const View& view, const ReportData& data, std::size_t i
                       [&] {
                           std::vector<Vec3> path;
                           for (const Observation& seen : data.frames) {
-                              if (seen.rays[i].tracked)
+                              if (seen.rays[i].tracked) {
                                   path.push_back(seen.rays[i].origin);
+                              }
                           }
                           return path;
                       }()),
@@ -147,10 +154,12 @@ void drawRay(Plot& plot, const View& view, const ReportData& data, std::size_t i
         const bool selects = ray.state == VelkInteractorState_Select;
         const std::string title = fmt::format("{}: {} on {}, {:.3f} s", name, stateName(ray.state),
                                               data.scene.rayTarget(ray.target), data.frames[frame].time);
-        if (hits && selects && !wasSelecting)
+        if (hits && selects && !wasSelecting) {
             plot.line({view.project(ray.origin), view.project(ray.end)}, "line thin " + colour);
-        if (hits && (frame % step == 0 || (selects && !wasSelecting)))
+        }
+        if (hits && (frame % step == 0 || (selects && !wasSelecting))) {
             plot.mark(view.project(ray.end), Mark::Dot, stateName(ray.state), title);
+        }
         wasSelecting = selects;
     }
 }
@@ -159,13 +168,15 @@ void drawFingertip(Plot& plot, const View& view, const ReportData& data, std::si
 {
     const Fingertip& fingertip = data.scene.fingertips[i];
     std::vector<Point> path;
-    for (const Observation& seen : data.frames)
+    for (const Observation& seen : data.frames) {
         path.push_back(seen.fingertips[i].tracked ? view.project(seen.fingertips[i].tip) : Point{kGap, kGap});
+    }
     plot.line(path, "line thin " + colourOf(fingertip), fingertip.name);
     for (const Transition& change : data.changes) {
-        if (change.kind == "fingertip" && change.name == fingertip.name && change.to == "Select")
+        if (change.kind == "fingertip" && change.name == fingertip.name && change.to == "Select") {
             plot.mark(view.project(data.frames[change.frame].fingertips[i].tip), Mark::Down, "press",
                       fmt::format("{} presses {}, {:.3f} s", change.name, change.target, change.time));
+        }
     }
 }
 
@@ -179,19 +190,23 @@ std::string drawView(const ReportData& data, const View& view, const std::vector
     Range y = rangeOf({points});
     // A view much taller than wide is widened, so that all views stay about the same size.
     const double missing = (y.size() * kWidth / kTallest - x.size()) / 2;
-    if (missing > 0)
+    if (missing > 0) {
         x = {x.low - missing, x.high + missing};
-    if (view.downwards)
+    }
+    if (view.downwards) {
         std::swap(y.low, y.high);
+    }
     Plot plot({kWidth, heightForEqualScale(kWidth, x, y), view.title, view.xLabel, view.yLabel, x, y});
     const double letter = x.size() / 40;
     drawShapes(plot, view, data.scene.panels, letter);
     drawShapes(plot, view, data.scene.boxes, letter);
     drawShapes(plot, view, data.scene.patches, letter);
-    for (std::size_t i = 0; i < data.scene.rays.size(); ++i)
+    for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
         drawRay(plot, view, data, i);
-    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i)
+    }
+    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
         drawFingertip(plot, view, data, i);
+    }
     return plot.take();
 }
 
@@ -215,9 +230,10 @@ std::vector<std::array<double, 4>> secondsOn(const ReportData& data, std::vector
     std::vector<std::array<double, 4>> seconds(targets);
     for (std::size_t frame = 0; frame < data.frames.size(); ++frame) {
         for (const View& view : data.frames[frame].*views) {
-            if (view.target >= 0)
+            if (view.target >= 0) {
                 seconds[static_cast<std::size_t>(view.target)][static_cast<std::size_t>(view.state)] +=
                     data.endOf(frame) - data.frames[frame].time;
+            }
         }
     }
     return seconds;
@@ -228,11 +244,13 @@ std::string targetTable(const ReportData& data)
     const Scene& scene = data.scene;
     std::vector<std::vector<std::string>> rows;
     const auto onRays = secondsOn(data, &Observation::rays, scene.panels.size() + scene.boxes.size());
-    for (std::size_t i = 0; i < onRays.size(); ++i)
+    for (std::size_t i = 0; i < onRays.size(); ++i) {
         rows.push_back(targetRow(data, scene.rayTarget(static_cast<int>(i)), "ray", onRays[i]));
+    }
     const auto onTips = secondsOn(data, &Observation::fingertips, scene.patches.size());
-    for (std::size_t i = 0; i < onTips.size(); ++i)
+    for (std::size_t i = 0; i < onTips.size(); ++i) {
         rows.push_back(targetRow(data, scene.patches[i].name, "fingertip", onTips[i]));
+    }
     return "<div>" + table({"Target", "hovered", "selected", "selections"}, rows) + "</div>\n";
 }
 
@@ -240,12 +258,14 @@ std::string targetTable(const ReportData& data)
 
 std::string sceneSection(const ReportData& data)
 {
-    if (data.scene.rays.empty() && data.scene.fingertips.empty())
+    if (data.scene.rays.empty() && data.scene.fingertips.empty()) {
         return {};
+    }
     const std::vector<Vec3> points = landmarks(data);
     std::string figures;
-    for (const View& view : kViews)
+    for (const View& view : kViews) {
         figures += figure(drawView(data, view, project(view, points)));
+    }
     return section("Scene",
                    "Thin lines are the ways of ray origins and fingertips. Dots are what a ray hits, yellow "
                    "where it hovers and green where it selects; straight lines are the ray at the moment of "

@@ -21,8 +21,9 @@ std::vector<Vec3> rectangle(const Pose& pose, const Area& area)
     for (const Vec3 local : {Vec3{area.left, area.bottom, 0},
                              {area.right, area.bottom, 0},
                              {area.right, area.top, 0},
-                             {area.left, area.top, 0}})
+                             {area.left, area.top, 0}}) {
         corners.push_back(transform(pose, local));
+    }
     return corners;
 }
 
@@ -38,8 +39,9 @@ std::vector<Vec3> cornersOf(const Box& box)
     std::vector<Vec3> corners;
     for (const float x : {-0.5f, 0.5f}) {
         for (const float y : {-0.5f, 0.5f}) {
-            for (const float z : {-0.5f, 0.5f})
+            for (const float z : {-0.5f, 0.5f}) {
                 corners.push_back(box.center + Vec3{x * box.size.x, y * box.size.y, z * box.size.z});
+            }
         }
     }
     return corners;

@@ -27,14 +27,16 @@ std::vector<std::string> stateRow(const ReportData& data, const std::string& kin
     int count = 0;
     double first = -1;
     for (const Transition& change : data.changes) {
-        if (change.kind != kind || change.name != name || change.to != counted || change.from == counted)
+        if (change.kind != kind || change.name != name || change.to != counted || change.from == counted) {
             continue;
+        }
         first = count == 0 ? change.time : first;
         ++count;
     }
     std::vector<std::string> row{kind + " " + name};
-    for (const double time : seconds)
+    for (const double time : seconds) {
         row.push_back(time < 0 ? "" : fmt::format("{:.2f} s", time));
+    }
     row.push_back(fmt::format("{}", count));
     row.push_back(count > 0 ? fmt::format("{:.3f} s", first) : "");
     return row;
@@ -46,8 +48,9 @@ std::array<double, 3> secondsIn(const ReportData& data, Read stateOf)
     std::array<double, 3> seconds{};
     for (std::size_t i = 0; i < data.frames.size(); ++i) {
         const auto state = static_cast<std::size_t>(stateOf(data.frames[i]));
-        if (state < seconds.size())
+        if (state < seconds.size()) {
             seconds[state] += data.endOf(i) - data.frames[i].time;
+        }
     }
     return seconds;
 }
@@ -65,8 +68,9 @@ std::string interactorTable(const ReportData& data)
             data, "fingertip", data.scene.fingertips[i].name,
             secondsIn(data, [i](const Observation& seen) { return seen.fingertips[i].state; }), "Select"));
     }
-    if (rows.empty())
+    if (rows.empty()) {
         return {};
+    }
     return table({"Interactor", "Normal", "Hover", "Select", "selections", "first at"}, rows);
 }
 
@@ -99,8 +103,9 @@ std::string trackTable(const ReportData& data)
         row.erase(row.begin() + 3);
         rows.push_back(std::move(row));
     }
-    if (rows.empty())
+    if (rows.empty()) {
         return {};
+    }
     return table({"Track", "off", "on", "times on", "first at"}, rows);
 }
 
@@ -116,9 +121,10 @@ std::string summarySection(const ReportData& data)
     html += "<div class=\"facts\">\n";
     html += fact(fmt::format("{}", summary.frames), "frames");
     html += fact(fmt::format("{:.2f} s", duration), "of motion");
-    if (duration > 0)
+    if (duration > 0) {
         html +=
             fact(fmt::format("{:.0f} Hz", static_cast<double>(summary.frames - 1) / duration), "mean rate");
+    }
     html += fact(fmt::format("{}", summary.transitions), "transitions");
     html += fact(fmt::format("{:.1f} µs", summary.meanMicroseconds), "a frame inside the library");
     html += fact(fmt::format("{:.1f} µs", summary.worstMicroseconds), "in the slowest frame");

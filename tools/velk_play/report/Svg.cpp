@@ -20,16 +20,18 @@ constexpr std::array<std::string_view, 3> kAnchors{"start", "middle", "end"};
 /// The end of an element, with its title if it has one.
 std::string closing(std::string_view name, std::string_view title)
 {
-    if (title.empty())
+    if (title.empty()) {
         return "/>\n";
+    }
     return fmt::format("><title>{}</title></{}>\n", escaped(title), name);
 }
 
 std::string coordinates(const std::vector<Point>& points)
 {
     std::string list;
-    for (const Point& p : points)
+    for (const Point& p : points) {
         fmt::format_to(std::back_inserter(list), "{:.1f},{:.1f} ", p.x, p.y);
+    }
     return list;
 }
 
@@ -83,15 +85,17 @@ void Svg::polyline(const std::vector<Point>& points, std::string_view style)
 {
     std::vector<Point> run;
     const auto flush = [&] {
-        if (run.size() > 1)
+        if (run.size() > 1) {
             body_ += fmt::format("<polyline points=\"{}\" class=\"{}\"/>\n", coordinates(run), style);
+        }
         run.clear();
     };
     for (const Point& p : points) {
-        if (std::isnan(p.x) || std::isnan(p.y))
+        if (std::isnan(p.x) || std::isnan(p.y)) {
             flush();
-        else
+        } else {
             run.push_back(p);
+        }
     }
     flush();
 }

@@ -53,9 +53,10 @@ Lane interactorLane(std::string name, const std::vector<Run<StateAndTarget>>& ru
 Lane holdLane(std::string name, const std::vector<Run<bool>>& runs, const char* held)
 {
     Lane lane{std::move(name), {}};
-    for (const auto& run : runs)
+    for (const auto& run : runs) {
         lane.bands.push_back(
             {run.time, run.value ? "Select" : "Normal", bandTitle(run.value ? held : "off", run.time)});
+    }
     return lane;
 }
 
@@ -129,9 +130,10 @@ std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
     for (std::size_t i = 0; i < lanes.size(); ++i) {
         const double y = kTop + kRow * static_cast<double>(i) + (kRow - kBar) / 2;
         svg.text({kLabels - 8, y + 12}, Anchor::End, "name", lanes[i].name);
-        for (const Band& band : lanes[i].bands)
+        for (const Band& band : lanes[i].bands) {
             svg.rect(pixel(band.time.low), y, std::max(band.time.size() * scale, 0.8), kBar, band.style,
                      band.title);
+        }
     }
     svg.text({kWidth - kRight, height - 4}, Anchor::End, "label", "time (s)");
     return svg.take();
@@ -142,8 +144,9 @@ std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
 std::string timelineSection(const ReportData& data)
 {
     const std::vector<Lane> lanes = lanesOf(data);
-    if (lanes.empty() || !(data.time().size() > 0))
+    if (lanes.empty() || !(data.time().size() > 0)) {
         return {};
+    }
     return section(
         "Timeline",
         "What each of them does, and when. Rest the pointer on a band for its times and its target.",

@@ -62,10 +62,12 @@ std::string gripPlots(const ReportData& data, const char* kind, const char* held
                        data.time(),
                        {-0.06, 1.12}});
             for (const auto& run : runsOf(
-                     data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; }))
+                     data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; })) {
                 plot.band(run.time, run.value ? "soft Select" : "soft Normal", run.value ? held : "open");
-            for (const Level& level : levels)
+            }
+            for (const Level& level : levels) {
                 plot.level(level.score, level.name);
+            }
             plot.line(score, fmt::format("line c{}", finger));
             plot.legend("soft Select", held);
             markChanges(plot, data, kind, name, score);

@@ -19,16 +19,18 @@ JsonObject::JsonObject(std::string file, std::string path, const nlohmann::json&
     , path_(std::move(path))
     , value_(&value)
 {
-    if (!value.is_object())
+    if (!value.is_object()) {
         throw InputError(
             fmt::format("{}: {}: expected an object", file_, path_.empty() ? "the file" : path_));
+    }
 }
 
 std::vector<std::string> JsonObject::keys() const
 {
     std::vector<std::string> keys;
-    for (const auto& entry : value_->items())
+    for (const auto& entry : value_->items()) {
         keys.push_back(entry.key());
+    }
     return keys;
 }
 
@@ -41,32 +43,36 @@ bool JsonObject::has(std::string_view key) const
 float JsonObject::number(const std::string& key)
 {
     const nlohmann::json& value = at(key);
-    if (!value.is_number() || !std::isfinite(value.get<float>()))
+    if (!value.is_number() || !std::isfinite(value.get<float>())) {
         fail(key, "expected a number");
+    }
     return value.get<float>();
 }
 
 float JsonObject::positive(const std::string& key)
 {
     const float value = number(key);
-    if (!(value > 0))
+    if (!(value > 0)) {
         fail(key, "expected a number above 0");
+    }
     return value;
 }
 
 bool JsonObject::flag(const std::string& key)
 {
     const nlohmann::json& value = at(key);
-    if (!value.is_boolean())
+    if (!value.is_boolean()) {
         fail(key, "expected true or false");
+    }
     return value.get<bool>();
 }
 
 std::string JsonObject::text(const std::string& key)
 {
     const nlohmann::json& value = at(key);
-    if (!value.is_string() || value.get_ref<const std::string&>().empty())
+    if (!value.is_string() || value.get_ref<const std::string&>().empty()) {
         fail(key, "expected a text that is not empty");
+    }
     return value.get<std::string>();
 }
 
@@ -79,8 +85,9 @@ Vec3 JsonObject::vector(const std::string& key)
 Vec3 JsonObject::direction(const std::string& key)
 {
     const Vec3 value = vector(key);
-    if (const float size = length(value); !(size > 0) || !std::isfinite(size))
+    if (const float size = length(value); !(size > 0) || !std::isfinite(size)) {
         fail(key, "expected a direction that has a length");
+    }
     return normalized(value);
 }
 
@@ -92,19 +99,22 @@ JsonObject JsonObject::object(const std::string& key)
 std::vector<JsonObject> JsonObject::objects(const std::string& key)
 {
     std::vector<JsonObject> result;
-    if (!has(key))
+    if (!has(key)) {
         return result;
+    }
     const nlohmann::json& values = list(key);
-    for (std::size_t i = 0; i < values.size(); ++i)
+    for (std::size_t i = 0; i < values.size(); ++i) {
         result.emplace_back(file_, fmt::format("{}[{}]", pathTo(key), i), values[i]);
+    }
     return result;
 }
 
 void JsonObject::done() const
 {
     for (const std::string& key : keys()) {
-        if (!used_.contains(key))
+        if (!used_.contains(key)) {
             fail(key, "unknown key" + suggestion(key, {known_.begin(), known_.end()}));
+        }
     }
 }
 
@@ -119,8 +129,9 @@ void JsonObject::fail(const std::string& key, const std::string& message) const
 
 const nlohmann::json& JsonObject::at(const std::string& key)
 {
-    if (!has(key))
+    if (!has(key)) {
         fail(key, "is missing");
+    }
     used_.insert(key);
     return (*value_)[key];
 }
@@ -135,8 +146,9 @@ std::size_t JsonObject::place(const std::string& path, const nlohmann::json& val
 {
     std::string list;
     for (std::size_t i = 0; i < count; ++i) {
-        if (value.is_string() && value.get_ref<const std::string&>() == names[i])
+        if (value.is_string() && value.get_ref<const std::string&>() == names[i]) {
             return i;
+        }
         list += fmt::format("{}'{}'", i == 0 ? "" : ", ", names[i]);
     }
     if (value.is_string()) {
@@ -151,8 +163,9 @@ std::size_t JsonObject::place(const std::string& path, const nlohmann::json& val
 const nlohmann::json& JsonObject::list(const std::string& key)
 {
     const nlohmann::json& values = at(key);
-    if (!values.is_array())
+    if (!values.is_array()) {
         fail(key, "expected a list");
+    }
     return values;
 }
 

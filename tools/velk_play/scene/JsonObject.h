@@ -76,8 +76,9 @@ std::array<float, N> JsonObject::numbers(const std::string& key)
         good = values[i].is_number() && std::isfinite(values[i].get<float>());
         result[i] = good ? values[i].get<float>() : 0;
     }
-    if (!good)
+    if (!good) {
         fail(key, "expected a list of " + std::to_string(N) + " numbers");
+    }
     return result;
 }
 
@@ -92,11 +93,13 @@ std::vector<std::size_t> JsonObject::choices(const std::string& key,
                                              const std::array<std::string_view, N>& names)
 {
     std::vector<std::size_t> result;
-    if (!has(key))
+    if (!has(key)) {
         return result;
+    }
     const nlohmann::json& values = list(key);
-    for (std::size_t i = 0; i < values.size(); ++i)
+    for (std::size_t i = 0; i < values.size(); ++i) {
         result.push_back(place(key + "[" + std::to_string(i) + "]", values[i], names.data(), N));
+    }
     return result;
 }
 

@@ -43,8 +43,9 @@ bool comesThrough(const Patch& patch, Vec3 from, Vec3 to)
 {
     const Vec3 start = inverseTransform(patch.pose, from);
     const Vec3 end = inverseTransform(patch.pose, to);
-    if (start.z <= kTipRadius || end.z > kTipRadius)
+    if (start.z <= kTipRadius || end.z > kTipRadius) {
         return false;
+    }
     const Vec3 way = end - start;
     Vec3 met = end.z > 0 ? end : start + way * (start.z / -way.z);
     met.z = 0;

@@ -8,8 +8,9 @@ namespace velk_play
 
 std::string Scene::rayTarget(int index) const
 {
-    if (index < 0)
+    if (index < 0) {
         return {};
+    }
     const auto i = static_cast<std::size_t>(index);
     return i < panels.size() ? panels[i].name : boxes[i - panels.size()].name;
 }

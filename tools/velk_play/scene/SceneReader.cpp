@@ -58,8 +58,9 @@ Pose readPose(JsonObject& object)
     if (object.has("rotation")) {
         const auto q = object.numbers<4>("rotation");
         const Quat rotation{q[0], q[1], q[2], q[3]};
-        if (const float size = length(rotation); !(size > 0) || !std::isfinite(size))
+        if (const float size = length(rotation); !(size > 0) || !std::isfinite(size)) {
             object.fail("rotation", "expected a quaternion that has a length");
+        }
         pose.orientation = normalized(rotation);
     } else if (object.has("facing")) {
         const Vec3 up = object.has("up") ? object.direction("up") : Vec3{0, 1, 0};
@@ -87,11 +88,13 @@ velk_PokeInteractableConfig readConfig(JsonObject& object)
 {
     velk_PokeInteractableConfig config;
     velk_PokeInteractable_GetDefaultConfig(&config);
-    for (const auto& [name, field] : kConfigNumbers)
+    for (const auto& [name, field] : kConfigNumbers) {
         config.*field = object.number(std::string(name), config.*field);
+    }
     for (const auto& [name, field] : kConfigFlags) {
-        if (object.has(name))
+        if (object.has(name)) {
             config.*field = object.flag(std::string(name)) ? 1 : 0;
+        }
     }
     object.done();
     return config;
@@ -130,17 +133,19 @@ Ray readRay(JsonObject& object)
     ray.name = object.text("name");
     ray.length = object.positive("length", kDefaultRayLength);
     JsonObject driver = object.object("driver");
-    if (driver.has("device"))
+    if (driver.has("device")) {
         ray.driver = static_cast<Device>(driver.choice("device", kDeviceNames));
-    else
+    } else {
         ray.driver = readJointPair(driver);
+    }
     driver.done();
     if (object.has("select")) {
         JsonObject select = object.object("select");
-        if (select.has("trigger"))
+        if (select.has("trigger")) {
             ray.select = TriggerSelect{static_cast<Device>(select.choice("trigger", kDeviceNames))};
-        else
+        } else {
             ray.select = PinchSelect{readSide(select, "pinch"), select.choice("finger", kFingerNames)};
+        }
         select.done();
     }
     return ray;
@@ -154,8 +159,9 @@ Fingertip readFingertip(JsonObject& object)
 std::optional<std::size_t> findFingertip(const Scene& scene, const std::string& name, Side side)
 {
     for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
-        if (scene.fingertips[i].name == name && scene.fingertips[i].side == side)
+        if (scene.fingertips[i].name == name && scene.fingertips[i].side == side) {
             return i;
+        }
     }
     return std::nullopt;
 }
@@ -168,16 +174,18 @@ HandChain readHand(JsonObject& object, const Scene& scene)
     if (object.has("filter")) {
         JsonObject filter = object.object("filter");
         for (std::size_t i = 0; i < kFilterNames.size(); ++i) {
-            if (filter.has(kFilterNames[i]))
+            if (filter.has(kFilterNames[i])) {
                 hand.filter.emplace_back(static_cast<int>(i + 1),
                                          filter.number(std::string(kFilterNames[i])));
+            }
         }
         filter.done();
     }
     if (object.has("limiter")) {
         hand.limiter = findFingertip(scene, object.text("limiter"), hand.side);
-        if (!hand.limiter)
+        if (!hand.limiter) {
             object.fail("limiter", "names no fingertip of this hand");
+        }
     }
     return hand;
 }
@@ -228,8 +236,9 @@ void checkNames(const JsonObject& root, const std::string& key, const std::vecto
 {
     for (std::size_t i = 0; i < list.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            if (list[i].name == list[j].name)
+            if (list[i].name == list[j].name) {
                 root.fail(fmt::format("{}[{}].name", key, i), fmt::format("'{}' stands twice", list[i].name));
+            }
         }
     }
 }
@@ -238,8 +247,9 @@ void checkNames(const JsonObject& root, const std::string& key, const std::vecto
 template <typename T>
 void checkSides(const JsonObject& root, const std::string& key, const std::vector<T>& list)
 {
-    if (list.size() > 2 || (list.size() == 2 && list[0].side == list[1].side))
+    if (list.size() > 2 || (list.size() == 2 && list[0].side == list[1].side)) {
         root.fail(key, "has one entry for each hand at most");
+    }
 }
 
 void checkPinchSelects(const JsonObject& root, const Scene& scene)
@@ -247,8 +257,9 @@ void checkPinchSelects(const JsonObject& root, const Scene& scene)
     for (std::size_t i = 0; i < scene.rays.size(); ++i) {
         const auto* select = std::get_if<PinchSelect>(&scene.rays[i].select);
         const auto ofHand = [&](const GripTrack& track) { return track.side == select->side; };
-        if (select != nullptr && std::none_of(scene.pinches.begin(), scene.pinches.end(), ofHand))
+        if (select != nullptr && std::none_of(scene.pinches.begin(), scene.pinches.end(), ofHand)) {
             root.fail(fmt::format("rays[{}].select.pinch", i), "the scene has no pinch for this hand");
+        }
     }
 }
 
@@ -289,9 +300,10 @@ std::string parseMessage(const nlohmann::json::exception& error)
 
 void requireHand(const Scene& scene, const std::string& key, Side side, const Recording& recording)
 {
-    if (!recording.hasHand(side))
+    if (!recording.hasHand(side)) {
         throw InputError(fmt::format("{}: {}: the recording '{}' has no {} hand", scene.file, key,
                                      recording.name, kSideNames[static_cast<std::size_t>(side)]));
+    }
 }
 
 } // namespace
@@ -318,22 +330,28 @@ void checkScene(const Scene& scene, const Recording& recording)
 {
     for (std::size_t i = 0; i < scene.rays.size(); ++i) {
         const std::string key = fmt::format("rays[{}].driver", i);
-        if (const auto* pair = std::get_if<JointPair>(&scene.rays[i].driver))
+        if (const auto* pair = std::get_if<JointPair>(&scene.rays[i].driver)) {
             requireHand(scene, key, pair->side, recording);
-        else if (!recording.hasDevices())
+        } else if (!recording.hasDevices()) {
             throw InputError(
                 fmt::format("{}: {}: the recording '{}' has no devices", scene.file, key, recording.name));
+        }
     }
-    for (std::size_t i = 0; i < scene.fingertips.size(); ++i)
+    for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
         requireHand(scene, fmt::format("fingertips[{}].hand", i), scene.fingertips[i].side, recording);
-    for (std::size_t i = 0; i < scene.hands.size(); ++i)
+    }
+    for (std::size_t i = 0; i < scene.hands.size(); ++i) {
         requireHand(scene, fmt::format("hands[{}].hand", i), scene.hands[i].side, recording);
-    for (std::size_t i = 0; i < scene.pinches.size(); ++i)
+    }
+    for (std::size_t i = 0; i < scene.pinches.size(); ++i) {
         requireHand(scene, fmt::format("pinches[{}].hand", i), scene.pinches[i].side, recording);
-    for (std::size_t i = 0; i < scene.palms.size(); ++i)
+    }
+    for (std::size_t i = 0; i < scene.palms.size(); ++i) {
         requireHand(scene, fmt::format("palms[{}].hand", i), scene.palms[i].side, recording);
-    for (std::size_t i = 0; i < scene.directions.size(); ++i)
+    }
+    for (std::size_t i = 0; i < scene.directions.size(); ++i) {
         requireHand(scene, fmt::format("directions[{}].hand", i), scene.directions[i].pair.side, recording);
+    }
 }
 
 } // namespace velk_play

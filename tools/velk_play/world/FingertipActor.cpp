@@ -44,8 +44,9 @@ void FingertipActor::update(const Frame& frame, const Scene& scene, const PokeTa
 bool FingertipActor::isInFront(const Scene& scene, const PokeTargets& targets) const
 {
     const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
-    if (target < 0)
+    if (target < 0) {
         return true;
+    }
     const Pose& surface = scene.patches[static_cast<std::size_t>(target)].pose;
     return inverseTransform(surface, poked_).z > kTipRadius + kSurfaceRelease;
 }
@@ -55,10 +56,12 @@ void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTa
     const auto& hand = frame.hand(fingertip_.side);
     const bool wasTracked = tracked_;
     tracked_ = hand.has_value();
-    if (wasTracked && (!tracked_ || frame.time - lastSeen_ > kLongestStep))
+    if (wasTracked && (!tracked_ || frame.time - lastSeen_ > kLongestStep)) {
         letGo(scene, targets);
-    if (!tracked_)
+    }
+    if (!tracked_) {
         return;
+    }
     lastSeen_ = frame.time;
     tip_ = hand->joint(fingertip_.joint).position;
     // An update presses what the way since the last one comes through. Where tracking begins, or begins anew,
@@ -66,8 +69,9 @@ void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTa
     arrived_ =
         arrived_ || std::none_of(scene.patches.begin(), scene.patches.end(),
                                  [this](const Patch& patch) { return comesThrough(patch, poked_, tip_); });
-    if (arrived_)
+    if (arrived_) {
         moveTo(tip_);
+    }
 }
 
 /// A press lasts until an update ends it: one in front of its surface, and one more to leave what was
@@ -76,8 +80,9 @@ void FingertipActor::letGo(const Scene& scene, const PokeTargets& targets)
 {
     arrived_ = false;
     const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
-    if (target < 0)
+    if (target < 0) {
         return;
+    }
     const Patch& patch = scene.patches[static_cast<std::size_t>(target)];
     const Vec3 over = inverseTransform(patch.pose, poked_);
     pokeAt(transform(patch.pose, Vec3{over.x, over.y, patch.config.exitHoverNormal + kWellInFront}));

@@ -15,25 +15,30 @@ HandActor::HandActor(const HandChain& chain, double rate, VelkInteractorHandle p
     // The filter has no clock of its own: its time step is one over this rate.
     velk_DataSource_SetAttributeFloat(filter_.get(), VelkHandFilterAttribute_UpdateRate,
                                       static_cast<float>(rate));
-    for (const auto& [attribute, value] : chain.filter)
+    for (const auto& [attribute, value] : chain.filter) {
         expect(velk_DataSource_SetAttributeFloat(filter_.get(), attribute, value),
                "velk_DataSource_SetAttributeFloat");
-    if (static_cast<int32_t>(poker) >= 0)
+    }
+    if (static_cast<int32_t>(poker) >= 0) {
         limiter_.emplace(velk_HandPokeLimiterVisual_Create(source_.get(), poker, synthetic_.get()));
+    }
 }
 
 void HandActor::update(const Frame& frame)
 {
     const auto& hand = frame.hand(chain_.side);
     view_.tracked = hand.has_value();
-    if (!hand)
+    if (!hand) {
         return;
+    }
     view_.raw.rootPose = hand->root;
-    for (std::size_t i = 0; i < hand->joints.size(); ++i)
+    for (std::size_t i = 0; i < hand->joints.size(); ++i) {
         view_.raw.joints[i] = hand->joints[i].orientation;
+    }
     velk_ExternalHandSource_SetData(source_.get(), &view_.raw);
-    if (limiter_)
+    if (limiter_) {
         velk_HandPokeLimiterVisual_Update(limiter_->get());
+    }
     // The outermost one only: it updates those behind it, and news reaches the first who asks.
     velk_DataSource_Update(synthetic_.get());
     velk_DataSource_GetData(filter_.get(), &view_.filtered);

@@ -15,8 +15,9 @@ namespace velk_play
 /// Throws when a call that can't fail in a sound host did fail: a fault of this program, not of its input.
 inline void expect(int32_t status, const char* call)
 {
-    if (status < 0)
+    if (status < 0) {
         throw std::logic_error(std::string(call) + " answered " + std::to_string(status));
+    }
 }
 
 /// Owns what a velk handle stands for.
@@ -43,8 +44,9 @@ public:
 
     ~Handle()
     {
-        if (static_cast<int32_t>(id_) >= 0)
+        if (static_cast<int32_t>(id_) >= 0) {
             destroy(id_);
+        }
     }
 
     Id get() const { return id_; }

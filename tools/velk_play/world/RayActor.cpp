@@ -26,33 +26,38 @@ RayActor::RayActor(const Ray& ray)
 
 void RayActor::press(bool down)
 {
-    if (down == pressed_)
+    if (down == pressed_) {
         return;
+    }
     pressed_ = down;
-    if (down)
+    if (down) {
         velk_Selector_Select(selector_.get());
-    else
+    } else {
         velk_Selector_Unselect(selector_.get());
+    }
 }
 
 void RayActor::update(const Frame& frame)
 {
     const std::optional<Pose> now = pose(frame);
     tracked_ = now.has_value();
-    if (!tracked_)
+    if (!tracked_) {
         press(false);
+    }
     velk_RayInteractor_SetPose(interactor_.get(), tracked_ ? &*now : &kNowhere);
     velk_Interactor_Update(interactor_.get());
 }
 
 std::optional<Pose> RayActor::pose(const Frame& frame) const
 {
-    if (const auto* device = std::get_if<Device>(&ray_.driver))
+    if (const auto* device = std::get_if<Device>(&ray_.driver)) {
         return frame.device(*device);
+    }
     const JointPair& pair = std::get<JointPair>(ray_.driver);
     const auto& hand = frame.hand(pair.side);
-    if (!hand)
+    if (!hand) {
         return std::nullopt;
+    }
     const Vec3 from = hand->joint(pair.from).position;
     const Vec3 to = hand->joint(pair.to).position;
     return Pose{turnZTo(from - to), from}; // a ray points along its local -Z

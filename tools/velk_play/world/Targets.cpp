@@ -12,8 +12,9 @@ namespace
 int findHandle(const std::vector<Interactable>& interactables, VelkInteractableHandle handle)
 {
     for (std::size_t i = 0; i < interactables.size(); ++i) {
-        if (interactables[i].get() == handle)
+        if (interactables[i].get() == handle) {
             return static_cast<int>(i);
+        }
     }
     return -1;
 }
@@ -22,12 +23,15 @@ int findHandle(const std::vector<Interactable>& interactables, VelkInteractableH
 
 RayTargets::RayTargets(const Scene& scene)
 {
-    for (const Panel& panel : scene.panels)
+    for (const Panel& panel : scene.panels) {
         surfaces_.emplace_back(velk_PointablePlane_Create(&panel.pose, &panel.halfSize));
-    for (const Box& box : scene.boxes)
+    }
+    for (const Box& box : scene.boxes) {
         surfaces_.emplace_back(velk_PointableAxisAlignedBox_Create(&box.center, &box.size));
-    for (const PointableSurface& surface : surfaces_)
+    }
+    for (const PointableSurface& surface : surfaces_) {
         interactables_.emplace_back(velk_RayInteractable_Create(surface.get()));
+    }
 }
 
 int RayTargets::indexOf(VelkInteractableHandle handle) const
@@ -38,8 +42,9 @@ int RayTargets::indexOf(VelkInteractableHandle handle) const
 std::vector<VelkInteractableState> RayTargets::view() const
 {
     std::vector<VelkInteractableState> states(interactables_.size());
-    for (std::size_t i = 0; i < states.size(); ++i)
+    for (std::size_t i = 0; i < states.size(); ++i) {
         velk_Interactable_GetState(interactables_[i].get(), &states[i]);
+    }
     return states;
 }
 
@@ -51,9 +56,10 @@ PokeTargets::PokeTargets(const Scene& scene)
         interactables_.emplace_back(
             velk_PokeInteractable_CreateWithConfig(patches_.back().get(), &patch.config));
         std::optional<ButtonVisual>& button = buttons_.emplace_back();
-        if (patch.button)
+        if (patch.button) {
             button.emplace(
                 velk_PokeButtonVisual_Create(interactables_.back().get(), &patch.pose, patch.button->travel));
+        }
     }
 }
 

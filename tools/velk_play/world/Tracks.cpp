@@ -36,11 +36,13 @@ void PinchActor::update(const Frame& frame)
 {
     const auto& hand = frame.hand(track_.side);
     view_.tracked = hand.has_value();
-    if (!hand)
+    if (!hand) {
         return;
+    }
     velk_HandPinchData data;
-    for (std::size_t i = 0; i < hand->joints.size(); ++i)
+    for (std::size_t i = 0; i < hand->joints.size(); ++i) {
         data.jointPositions[i] = hand->joints[i].position;
+    }
     const Vec3* head = track_.goodView ? &kWristDirection : &kOpposite;
     velk_FingerPinchGrabAPI_UpdateHandWristHMDData(grab_.get(), &data, &kWristDirection, head);
     for (std::size_t i = 0; i < kFingers.size(); ++i) {
@@ -62,8 +64,9 @@ void PalmActor::update(const Frame& frame)
 {
     const auto& hand = frame.hand(track_.side);
     view_.tracked = hand.has_value();
-    if (!hand)
+    if (!hand) {
         return;
+    }
     velk_HandPalmData data;
     std::copy(hand->joints.begin(), hand->joints.end(), data.jointPoses);
     data.rootPose = hand->root;
@@ -89,8 +92,9 @@ void DirectionActor::update(const Frame& frame)
 {
     const auto& hand = frame.hand(track_.pair.side);
     view_.tracked = hand.has_value();
-    if (!hand)
+    if (!hand) {
         return;
+    }
     const Vec3 now = hand->joint(track_.pair.to).position - hand->joint(track_.pair.from).position;
     view_.angle = angleBetween(now, track_.reference);
     velk_DirectionQuantizer_Update(quantizer_.get(), &now);
