@@ -5,9 +5,9 @@
 // of one line, but must let nothing else out, and what they take must keep their promises. What begins with
 // 's' is a scene, with 'h' one for a recording without devices; all else is a recording.
 #include "fuzz/FuzzTarget.h"
-#include "tools/velk_play/InputError.h"
-#include "tools/velk_play/recording/RecordingReader.h"
-#include "tools/velk_play/scene/SceneReader.h"
+#include "tools/host/InputError.h"
+#include "tools/host/recording/RecordingReader.h"
+#include "tools/host/scene/SceneReader.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +19,7 @@ namespace velk_fuzz
 namespace
 {
 
-using namespace velk_play;
+using namespace velk_tools;
 
 void checkPose(const Pose& pose)
 {

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "math/Aliases.h"
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include "tools/host/Files.h"
+#include "tools/host/recording/PoseColumns.h"
+
 #include <string>
 #include <vector>
 
@@ -20,37 +20,27 @@ struct RecordedHand
     std::vector<Posef> poses;
 };
 
-inline std::vector<std::string> splitAtCommas(const std::string& line)
-{
-    std::vector<std::string> cells;
-    std::istringstream stream(line);
-    for (std::string cell; std::getline(stream, cell, ',');) {
-        cells.push_back(cell);
-    }
-    return cells;
-}
-
 /// The rows of one hand, "left" or "right", in a file below data/.
 inline std::vector<RecordedHand> readRecording(const std::string& file, const std::string& hand)
 {
-    std::ifstream stream(VELK_DATA_DIR "/" + file);
-    std::vector<RecordedHand> rows;
-    std::vector<std::string> columns;
-    for (std::string line; std::getline(stream, line);) {
-        const std::vector<std::string> cells = splitAtCommas(line);
-        if (line.starts_with('#') || columns.empty() || cells.at(1) != hand) {
-            columns = line.starts_with('#') || !columns.empty() ? columns : cells;
-            continue;
+    const velk_tools::CsvTable table(file, velk_tools::readTextFile(VELK_DATA_DIR "/" + file));
+    std::vector<velk_tools::PoseColumns> columns;
+    for (const std::string& column : table.columns()) {
+        if (column.ends_with("_px")) {
+            columns.emplace_back(table, column.substr(0, column.size() - 3));
         }
-        RecordedHand& row = rows.emplace_back(RecordedHand{cells[0], {}});
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (columns[i].ends_with("_px")) {
-                const auto n = [&](std::size_t k) { return std::stof(cells.at(i + k)); };
-                row.poses.push_back({Quatf(n(3), n(4), n(5), n(6)).Normalized(), {n(0), n(1), n(2)}});
+    }
+    std::vector<RecordedHand> rows;
+    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+        if (table.text(row, table.column("hand")) == hand) {
+            RecordedHand& read = rows.emplace_back(RecordedHand{std::string(table.text(row, 0)), {}});
+            for (const velk_tools::PoseColumns& pose : columns) {
+                const auto [q, p] = pose.read(table, row);
+                read.poses.push_back({{q.x, q.y, q.z, q.w}, {p.x, p.y, p.z}});
             }
         }
     }
-    return rows.empty() ? throw std::runtime_error("nothing read from " + file) : rows;
+    return rows;
 }
 
 } // namespace velk::tests

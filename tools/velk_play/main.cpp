@@ -11,67 +11,27 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "InputError.h"
+#include "Options.h"
+#include "host/InputError.h"
+#include "host/recording/RecordingReader.h"
+#include "host/scene/SceneReader.h"
 #include "output/EventWriter.h"
 #include "output/FrameWriter.h"
 #include "output/TraceWriter.h"
 #include "output/TransitionPrinter.h"
 #include "play/Player.h"
-#include "recording/RecordingReader.h"
 #include "report/ReportWriter.h"
-#include "scene/SceneReader.h"
 
 namespace
 {
 
+using velk_tools::Options;
+
 constexpr int kBadInput = 2;
 
-struct Options
+velk_tools::Pace paceOf(const Options& options)
 {
-    std::string scene;
-    std::string recording;
-    std::string triggers;
-    std::string events;
-    std::string frames;
-    std::string report;
-    std::string trace;
-    std::size_t traceStep = 1;
-    bool quiet = false;
-    bool realTime = false;
-    bool fullExit = false;
-};
-
-void addOptions(CLI::App& app, Options& options)
-{
-    app.add_option("scene", options.scene, "Scene file (JSON)")->required();
-    app.add_option("recording", options.recording, "Recording of hands or controllers (CSV)")->required();
-    app.add_option(
-        "--triggers", options.triggers,
-        "Trigger events (CSV); by default <recording>_events.csv where that stands beside the recording");
-    app.add_option("--events", options.events, "Write each transition to this file (JSON Lines)");
-    app.add_option("--frames", options.frames, "Write each frame to this file (CSV)");
-    app.add_option("--report", options.report, "Write a page with all that happened to this file (HTML)");
-    CLI::Option* const trace = app.add_option(
-        "--trace", options.trace, "Write all that can be observed, to the last bit, to this file (text)");
-    app.add_option("--trace-step", options.traceStep,
-                   "Trace every N-th frame and those in which something changes")
-        ->check(CLI::Range(1, 1000000))
-        ->needs(trace);
-    app.add_flag("--quiet", options.quiet, "Print the summary only");
-    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible")
-        ->excludes(trace);
-    app.add_flag("--full-exit", options.fullExit,
-                 "Leave through the library's own shutdown, which can wait 10 s for its thread");
-    app.set_version_flag("--version", [] {
-        const char* version = nullptr;
-        velk_Common_GetVersion(&version);
-        return std::string(version);
-    });
-}
-
-velk_play::Pace paceOf(const Options& options)
-{
-    using velk_play::Pace;
+    using velk_tools::Pace;
     if (!options.trace.empty()) {
         return Pace::Settled;
     }
@@ -80,7 +40,7 @@ velk_play::Pace paceOf(const Options& options)
 
 void run(const Options& options)
 {
-    using namespace velk_play;
+    using namespace velk_tools;
     const bool traces = !options.trace.empty();
     const Scene scene = traces ? withoutEasing(loadScene(options.scene)) : loadScene(options.scene);
     const Recording recording = loadRecording(options.recording, options.triggers);
@@ -113,7 +73,7 @@ int guardedMain(int argc, char** argv, Options& options)
 {
     CLI::App app("Plays recorded motion through a scene of velk and shows what the library decides.",
                  "velk-play");
-    addOptions(app, options);
+    velk_tools::addOptions(app, options);
     try {
         app.parse(argc, argv);
         run(options);
@@ -124,7 +84,7 @@ int guardedMain(int argc, char** argv, Options& options)
         }
         fmt::print(stderr, "velk-play: {}; --help tells more\n", error.what());
         return kBadInput;
-    } catch (const velk_play::InputError& error) {
+    } catch (const velk_tools::InputError& error) {
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::exception& error) {

@@ -2,64 +2,38 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <velk/velk.h>
+#include "Account.h"
+#include "host/Handle.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <utility>
-
-namespace soak
+namespace velk_soak
 {
 
-inline long frameNumber = 0;
-inline long created = 0;
-
-inline void check(bool holds, const char* what)
+/// Checks what the library promises of handles. A handle that went is used once more, as a careless host
+/// does.
+template <auto Use>
+struct CarelessUse
 {
-    if (!holds) {
-        std::printf("frame %ld: not so: %s\n", frameNumber, what);
-        std::fflush(stdout);
-        std::_Exit(EXIT_FAILURE); // at once, without the wait for the usage thread
-    }
-}
+    template <typename Id>
+    static inline Id newest = static_cast<Id>(-1);
 
-/// An object of the library. When it goes, its handle is used once more, as a careless host does.
-template <typename Handle, auto Destroy, auto Use = Destroy>
-class Owned
-{
-public:
-    explicit Owned(Handle handle)
-        : handle_(handle)
+    template <typename Id>
+    static void created(Id id)
     {
-        check(handle > newest_, "handles rise and are not given out again");
-        newest_ = handle;
-        ++created;
-    }
-    Owned(Owned&& other) noexcept
-        : handle_(std::exchange(other.handle_, kNone))
-    {
-    }
-    Owned& operator=(Owned&& other) noexcept
-    {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~Owned()
-    {
-        if (handle_ != kNone) {
-            check(Destroy(handle_) == 0, "a live handle can be destroyed");
-            check(Use(handle_) == -1 && Destroy(handle_) == -1, "a destroyed handle is refused");
-        }
+        check(id > newest<Id>, "handles rise and are not given out again");
+        newest<Id> = id;
+        ++velk_soak::created;
     }
 
-    Handle get() const { return handle_; }
-    operator Handle() const { return handle_; }
-
-private:
-    static constexpr Handle kNone = static_cast<Handle>(-1);
-    static inline Handle newest_ = kNone;
-    Handle handle_;
+    template <auto Destroy, typename Id>
+    static void destroy(Id id)
+    {
+        check(Destroy(id) == 0, "a live handle can be destroyed");
+        check(Use(id) == -1 && Destroy(id) == -1, "a destroyed handle is refused");
+    }
 };
+
+template <typename Id, auto Destroy, auto Use = Destroy>
+using Owned = velk_tools::Handle<Id, Destroy, CarelessUse<Use>>;
 
 using Interactor = Owned<VelkInteractorHandle, velk_Interactor_Destroy, velk_Interactor_Update>;
 using Interactable = Owned<VelkInteractableHandle, velk_Interactable_Destroy>;
@@ -76,4 +50,4 @@ using Quantizer = Owned<VelkDirectionQuantizerHandle, velk_DirectionQuantizer_De
 using Recognizer = Owned<VelkDirectionRecognizerHandle, velk_DirectionRecognizer_Destroy>;
 using Field = Owned<VelkProximityFieldHandle, velk_ProximityField_Destroy>;
 
-} // namespace soak
+} // namespace velk_soak

@@ -5,14 +5,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "TextFile.h"
-
-namespace velk_play
+namespace velk_tools
 {
 
 EventWriter::EventWriter(const std::string& path)
-    : path_(path)
-    , file_(openForWriting(path))
+    : file_(path)
 {
 }
 
@@ -21,20 +18,20 @@ void EventWriter::frame(const Observation&, const std::vector<Transition>& chang
     for (const Transition& change : changes) {
         const nlohmann::ordered_json line = {{"time", change.time},
                                              {"frame", change.frame},
-                                             {"kind", change.kind},
+                                             {"kind", nameOf(change.kind)},
                                              {"name", change.name},
-                                             {"from", change.from},
-                                             {"to", change.to},
+                                             {"from", nameOf(change.from)},
+                                             {"to", nameOf(change.to)},
                                              {"target", change.target.empty()
                                                             ? nlohmann::ordered_json()
                                                             : nlohmann::ordered_json(change.target)}};
-        file_ << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        file_.out() << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
     }
 }
 
 void EventWriter::end(const Summary&)
 {
-    finishWriting(file_, path_);
+    file_.finish();
 }
 
-} // namespace velk_play
+} // namespace velk_tools

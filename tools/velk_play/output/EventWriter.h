@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include <fstream>
 #include <string>
 
+#include "host/Files.h"
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// JSON Lines: an object for each transition.
@@ -22,8 +22,7 @@ public:
     void end(const Summary& summary) override;
 
 private:
-    std::string path_;
-    std::ofstream file_;
+    OutputFile file_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -7,10 +7,9 @@
 
 #include <fmt/format.h>
 
-#include "TextFile.h"
 #include "play/Changes.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -20,8 +19,9 @@ namespace
 class Row
 {
 public:
-    void add(std::string cell)
+    void add(std::string_view text)
     {
+        std::string cell(text);
         const bool quoted = cell.find_first_of(",\"\n\r") != std::string::npos;
         std::replace(cell.begin(), cell.end(), '"', '\'');
         line_ +=
@@ -51,11 +51,11 @@ private:
     std::string line_;
 };
 
-void addGripNames(Row& row, const char* kind, const std::vector<GripTrack>& tracks)
+void addGripNames(Row& row, Kind kind, const std::vector<GripTrack>& tracks)
 {
     for (const GripTrack& track : tracks) {
         for (const std::size_t finger : track.fingers) {
-            row.names(fmt::format("{} {}", kind, fingerName(track, finger)), {"score", "holds"});
+            row.names(fmt::format("{} {}", nameOf(kind), fingerName(track, finger)), {"score", "holds"});
         }
     }
 }
@@ -73,8 +73,7 @@ void addGrips(Row& row, const std::vector<GripTrack>& tracks, const std::vector<
 } // namespace
 
 FrameWriter::FrameWriter(const std::string& path)
-    : path_(path)
-    , file_(openForWriting(path))
+    : file_(path)
 {
 }
 
@@ -102,16 +101,16 @@ void FrameWriter::writeHeader()
         row.names("patch " + patch.name, {"state", "extent"});
     }
     for (const HandChain& hand : scene_.hands) {
-        row.names(fmt::format("hand {}", kSideNames[static_cast<std::size_t>(hand.side)]),
+        row.names(fmt::format("hand {}", nameOf(hand.side)),
                   {"raw_x", "raw_y", "raw_z", "filtered_x", "filtered_y", "filtered_z", "shown_x", "shown_y",
                    "shown_z"});
     }
-    addGripNames(row, "pinch", scene_.pinches);
-    addGripNames(row, "palm", scene_.palms);
+    addGripNames(row, Kind::Pinch, scene_.pinches);
+    addGripNames(row, Kind::Palm, scene_.palms);
     for (const DirectionTrack& track : scene_.directions) {
         row.names("direction " + track.name, {"angle", "alignment", "active"});
     }
-    file_ << row.line() << '\n';
+    file_.out() << row.line() << '\n';
 }
 
 void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
@@ -121,19 +120,19 @@ void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
     row.add(fmt::format("{}", seen.time));
     row.add(fmt::format("{:.1f}", seen.microseconds));
     for (const RayView& ray : seen.rays) {
-        row.add(stateName(ray.state));
+        row.add(nameOf(stateOf(ray.state)));
         row.add(scene_.rayTarget(ray.target));
         row.add(ray.origin, ray.tracked);
         row.add(ray.end, ray.tracked);
     }
     for (const FingertipView& tip : seen.fingertips) {
-        row.add(stateName(tip.state));
+        row.add(nameOf(stateOf(tip.state)));
         row.add(scene_.patchName(tip.target));
         row.add(tip.tip, tip.tracked);
         row.add(tip.touch.value_or(Vec3{}), tip.touch.has_value());
     }
     for (const PatchView& patch : seen.patches) {
-        row.add(stateName(static_cast<VelkInteractorState>(patch.state)));
+        row.add(nameOf(stateOf(patch.state)));
         row.add(patch.extent);
     }
     for (const HandView& hand : seen.hands) {
@@ -145,15 +144,15 @@ void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
     addGrips(row, scene_.palms, seen.palms);
     for (const DirectionView& direction : seen.directions) {
         row.add(direction.tracked ? fmt::format("{}", direction.angle) : std::string());
-        row.add(std::string(kAlignmentNames[static_cast<std::size_t>(direction.alignment)]));
+        row.add(alignmentName(direction.alignment));
         row.add(direction.active ? "1" : "0");
     }
-    file_ << row.line() << '\n';
+    file_.out() << row.line() << '\n';
 }
 
 void FrameWriter::end(const Summary&)
 {
-    finishWriting(file_, path_);
+    file_.finish();
 }
 
-} // namespace velk_play
+} // namespace velk_tools

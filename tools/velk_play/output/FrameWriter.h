@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include <fstream>
 #include <string>
 
+#include "host/Files.h"
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// CSV: a row for each frame. Cells of what is not tracked are empty.
@@ -24,9 +24,8 @@ public:
 private:
     void writeHeader();
 
-    std::string path_;
-    std::ofstream file_;
+    OutputFile file_;
     Scene scene_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -8,10 +8,9 @@
 
 #include <fmt/format.h>
 
-#include "TextFile.h"
 #include "play/Changes.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -44,11 +43,6 @@ std::string target(const std::string& name, VelkInteractableHandle handle)
     return name.empty() ? "-" : fmt::format("'{}' #{}", name, static_cast<int32_t>(handle));
 }
 
-std::string stateName(VelkInteractableState state)
-{
-    return velk_play::stateName(static_cast<VelkInteractorState>(state));
-}
-
 const char* gripState(const GripView& grip, std::size_t finger)
 {
     if (grip.changed[finger]) {
@@ -57,25 +51,19 @@ const char* gripState(const GripView& grip, std::size_t finger)
     return grip.holds[finger] ? "holds" : "open";
 }
 
-std::string sideName(Side side)
-{
-    return std::string(kSideNames[static_cast<std::size_t>(side)]);
-}
-
 } // namespace
 
 TraceWriter::TraceWriter(const std::string& path, std::size_t step)
-    : path_(path)
-    , step_(step)
-    , file_(openForWriting(path))
+    : step_(step)
+    , file_(path)
 {
 }
 
 void TraceWriter::begin(const Scene& scene, const Recording& recording)
 {
     scene_ = scene;
-    file_ << fmt::format("{}, recording {}, {} frames\n", scene.title, recording.name,
-                         recording.frames.size());
+    file_.out() << fmt::format("{}, recording {}, {} frames\n", scene.title, recording.name,
+                               recording.frames.size());
 }
 
 void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& changes)
@@ -83,27 +71,27 @@ void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& 
     if (seen.frame % step_ != 0 && changes.empty()) {
         return;
     }
-    file_ << fmt::format("\nframe {} at {} s\n", seen.frame, seen.time);
+    file_.out() << fmt::format("\nframe {} at {} s\n", seen.frame, seen.time);
     writeRays(seen);
     writePokes(seen);
     for (std::size_t i = 0; i < seen.hands.size() && seen.frame % step_ == 0; ++i) {
         writeHand(scene_.hands[i], seen.hands[i]);
     }
-    writeGrips("pinch", scene_.pinches, seen.pinches);
-    writeGrips("palm", scene_.palms, seen.palms);
+    writeGrips(Kind::Pinch, scene_.pinches, seen.pinches);
+    writeGrips(Kind::Palm, scene_.palms, seen.palms);
     writeDirections(seen);
 }
 
 void TraceWriter::writeRays(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.rayTargets.size(); ++i) {
-        file_ << fmt::format("target '{}' {}\n", scene_.rayTarget(static_cast<int>(i)),
-                             stateName(seen.rayTargets[i]));
+        file_.out() << fmt::format("target '{}' {}\n", scene_.rayTarget(static_cast<int>(i)),
+                                   nameOf(stateOf(seen.rayTargets[i])));
     }
     for (std::size_t i = 0; i < seen.rays.size(); ++i) {
         const RayView& ray = seen.rays[i];
-        file_ << fmt::format(
-            "ray '{}' {} {} origin {} end {}\n", scene_.rays[i].name, velk_play::stateName(ray.state),
+        file_.out() << fmt::format(
+            "ray '{}' {} {} origin {} end {}\n", scene_.rays[i].name, nameOf(stateOf(ray.state)),
             target(scene_.rayTarget(ray.target), ray.handle), text(ray.origin), text(ray.end));
     }
 }
@@ -112,58 +100,58 @@ void TraceWriter::writePokes(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.patches.size(); ++i) {
         const PatchView& patch = seen.patches[i];
-        file_ << fmt::format("patch '{}' {}", scene_.patches[i].name, stateName(patch.state));
+        file_.out() << fmt::format("patch '{}' {}", scene_.patches[i].name, nameOf(stateOf(patch.state)));
         if (patch.cap) {
-            file_ << fmt::format(" extent {} cap {}", text(patch.extent), text(*patch.cap));
+            file_.out() << fmt::format(" extent {} cap {}", text(patch.extent), text(*patch.cap));
         }
-        file_ << '\n';
+        file_.out() << '\n';
     }
     for (std::size_t i = 0; i < seen.fingertips.size(); ++i) {
         const FingertipView& tip = seen.fingertips[i];
-        file_ << fmt::format("fingertip '{}' {} {}", scene_.fingertips[i].name,
-                             velk_play::stateName(tip.state),
-                             target(scene_.patchName(tip.target), tip.handle));
+        file_.out() << fmt::format("fingertip '{}' {} {}", scene_.fingertips[i].name,
+                                   nameOf(stateOf(tip.state)),
+                                   target(scene_.patchName(tip.target), tip.handle));
         if (tip.touch) {
-            file_ << " touch " << text(*tip.touch);
+            file_.out() << " touch " << text(*tip.touch);
         }
-        file_ << '\n';
+        file_.out() << '\n';
     }
 }
 
 void TraceWriter::writeHand(const HandChain& chain, const HandView& hand)
 {
-    const std::string side = sideName(chain.side);
+    const std::string_view side = nameOf(chain.side);
     if (!hand.tracked) {
-        file_ << fmt::format("hand {} not tracked\n", side);
+        file_.out() << fmt::format("hand {} not tracked\n", side);
         return;
     }
-    file_ << fmt::format("hand {} shown {}\n", side, text(hand.shown.rootPose));
-    file_ << fmt::format("hand {} filtered {}\n", side, text(hand.filtered.rootPose));
+    file_.out() << fmt::format("hand {} shown {}\n", side, text(hand.shown.rootPose));
+    file_.out() << fmt::format("hand {} filtered {}\n", side, text(hand.filtered.rootPose));
     for (std::size_t i = 0; i < kJointNames.size(); ++i) {
         const Quat& filtered = hand.filtered.joints[i];
-        file_ << fmt::format("  {} {}", kJointNames[i], text(filtered));
+        file_.out() << fmt::format("  {} {}", kJointNames[i], text(filtered));
         if (std::memcmp(&filtered, &hand.shown.joints[i], sizeof filtered) != 0) {
-            file_ << " shown " << text(hand.shown.joints[i]);
+            file_.out() << " shown " << text(hand.shown.joints[i]);
         }
-        file_ << '\n';
+        file_.out() << '\n';
     }
 }
 
-void TraceWriter::writeGrips(const char* kind, const std::vector<GripTrack>& tracks,
+void TraceWriter::writeGrips(Kind kind, const std::vector<GripTrack>& tracks,
                              const std::vector<GripView>& grips)
 {
     for (std::size_t i = 0; i < grips.size(); ++i) {
-        const std::string who = fmt::format("{} {}", kind, sideName(tracks[i].side));
+        const std::string who = fmt::format("{} {}", nameOf(kind), nameOf(tracks[i].side));
         if (!grips[i].tracked) {
-            file_ << who << " not tracked\n";
+            file_.out() << who << " not tracked\n";
             continue;
         }
-        file_ << fmt::format("{} center {}", who, text(grips[i].center));
+        file_.out() << fmt::format("{} center {}", who, text(grips[i].center));
         for (std::size_t finger = 0; finger < kFingerNames.size(); ++finger) {
-            file_ << fmt::format(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
-                                 text(grips[i].scores[finger]));
+            file_.out() << fmt::format(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
+                                       text(grips[i].scores[finger]));
         }
-        file_ << '\n';
+        file_.out() << '\n';
     }
 }
 
@@ -171,15 +159,15 @@ void TraceWriter::writeDirections(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.directions.size(); ++i) {
         const DirectionView& direction = seen.directions[i];
-        file_ << fmt::format("direction '{}' {} {}\n", scene_.directions[i].name,
-                             kAlignmentNames[static_cast<std::size_t>(direction.alignment)],
-                             direction.active ? "active" : "inactive");
+        file_.out() << fmt::format("direction '{}' {} {}\n", scene_.directions[i].name,
+                                   alignmentName(direction.alignment),
+                                   direction.active ? "active" : "inactive");
     }
 }
 
 void TraceWriter::end(const Summary&)
 {
-    finishWriting(file_, path_);
+    file_.finish();
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include <fstream>
 #include <string>
 
+#include "host/Files.h"
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Text: all that the library lets a host observe in a frame, one thing a line. Floats are the shortest
@@ -28,14 +28,12 @@ private:
     void writeRays(const Observation& seen);
     void writePokes(const Observation& seen);
     void writeHand(const HandChain& chain, const HandView& hand);
-    void writeGrips(const char* kind, const std::vector<GripTrack>& tracks,
-                    const std::vector<GripView>& grips);
+    void writeGrips(Kind kind, const std::vector<GripTrack>& tracks, const std::vector<GripView>& grips);
     void writeDirections(const Observation& seen);
 
-    std::string path_;
     std::size_t step_;
-    std::ofstream file_;
+    OutputFile file_;
     Scene scene_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

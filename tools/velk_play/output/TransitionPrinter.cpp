@@ -5,17 +5,11 @@
 
 #include <fmt/format.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
 {
-
-/// The states that a transition into is worth counting.
-bool isCounted(const std::string& state)
-{
-    return state == "Select" || state == "pinching" || state == "gripping" || state == "recognised";
-}
 
 /// What a count stands for: the target, or for what has none the state itself.
 std::string countedOn(const Transition& change)
@@ -23,7 +17,7 @@ std::string countedOn(const Transition& change)
     if (!change.target.empty()) {
         return change.target;
     }
-    return change.to == "Select" ? "nothing" : change.to;
+    return change.to == State::Select ? "nothing" : std::string(nameOf(change.to));
 }
 
 } // namespace
@@ -40,11 +34,12 @@ void TransitionPrinter::frame(const Observation&, const std::vector<Transition>&
 {
     for (const Transition& change : changes) {
         if (!quiet_) {
-            fmt::print("{:8.3f} s  {:<9} {:<16} {:>10} -> {:<10} {}\n", change.time, change.kind, change.name,
-                       change.from, change.to, change.target.empty() ? "-" : change.target);
+            fmt::print("{:8.3f} s  {:<9} {:<16} {:>10} -> {:<10} {}\n", change.time, nameOf(change.kind),
+                       change.name, nameOf(change.from), nameOf(change.to),
+                       change.target.empty() ? "-" : change.target);
         }
-        if (isCounted(change.to) && change.from != change.to) {
-            ++counts_[change.kind + " " + change.name][countedOn(change)];
+        if (isStart(change)) {
+            ++counts_[fmt::format("{} {}", nameOf(change.kind), change.name)][countedOn(change)];
         }
     }
 }
@@ -62,4 +57,4 @@ void TransitionPrinter::end(const Summary& summary)
                summary.frames, summary.transitions, summary.meanMicroseconds, summary.worstMicroseconds);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -8,7 +8,7 @@
 
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// One line for each transition on standard output, and a summary at the end.
@@ -32,4 +32,4 @@ private:
         counts_; ///< Of selections and the like: whose, and on what.
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -7,7 +7,7 @@
 
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// What differs between two frames that follow each other. What was never seen before counts as at rest.
@@ -16,4 +16,4 @@ std::vector<Transition> findChanges(const Scene& scene, const Observation& befor
 /// How outputs name a finger of a grip track: "right index".
 std::string fingerName(const GripTrack& track, std::size_t finger);
 
-} // namespace velk_play
+} // namespace velk_tools

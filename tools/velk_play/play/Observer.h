@@ -6,11 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "recording/Recording.h"
-#include "scene/Scene.h"
+#include "host/recording/Recording.h"
+#include "host/scene/Scene.h"
+#include "play/States.h"
 #include "world/Observation.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// One thing that changed between two frames.
@@ -18,12 +19,18 @@ struct Transition
 {
     std::size_t frame = 0;
     double time = 0;
-    std::string kind; ///< "ray", "fingertip", "pinch", "palm" or "direction".
+    Kind kind{};
     std::string name; ///< Whose state it is: a name of the scene, or a hand and finger.
-    std::string from;
-    std::string to;
+    State from{};
+    State to{};
     std::string target; ///< The panel, box or patch it is about; empty for none.
 };
+
+/// Whether something begins to be held: a press, a grip or the wanted direction.
+inline bool isStart(const Transition& change)
+{
+    return change.to == heldState(change.kind) && change.from != change.to;
+}
 
 /// What a whole run came to.
 struct Summary
@@ -46,4 +53,4 @@ public:
     virtual void end(const Summary& summary) = 0;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -11,7 +11,7 @@
 #include "play/Progress.h"
 #include "world/World.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -80,4 +80,4 @@ Summary play(const Scene& scene, const Recording& recording, const std::vector<O
     return summary;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -7,7 +7,7 @@
 
 #include "play/Observer.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 enum class Pace
@@ -26,4 +26,4 @@ Scene withoutEasing(Scene scene);
 Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
              Pace pace);
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -15,7 +15,7 @@
 #include <unistd.h>
 #endif
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -53,4 +53,4 @@ void Progress::clear()
     shown_ = false;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

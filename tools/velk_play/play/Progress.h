@@ -6,7 +6,7 @@
 #include <chrono>
 #include <cstddef>
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A line on standard error that tells how far a long run is; silent on a short one and when nobody watches.
@@ -25,4 +25,4 @@ private:
     std::chrono::steady_clock::time_point next_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

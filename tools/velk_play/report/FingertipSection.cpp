@@ -7,13 +7,13 @@
 
 #include <fmt/format.h>
 
+#include "host/scene/PatchGeometry.h"
 #include "report/Html.h"
 #include "report/Plot.h"
 #include "report/Sections.h"
 #include "report/Shapes.h"
-#include "scene/PatchGeometry.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -52,8 +52,9 @@ std::string heightPlot(const ReportData& data, std::size_t i)
     for (const auto& run : runsOf(data, [i](const Observation& seen) {
              return std::pair(seen.fingertips[i].state, seen.fingertips[i].target);
          })) {
-        plot.band(run.time, "soft " + stateName(run.value.first),
-                  stateName(run.value.first) + " " + data.scene.patchName(run.value.second));
+        const State state = stateOf(run.value.first);
+        plot.band(run.time, softStyleOf(state),
+                  fmt::format("{} {}", nameOf(state), data.scene.patchName(run.value.second)));
     }
     plot.level(0, "surface");
     for (const auto& run :
@@ -61,19 +62,19 @@ std::string heightPlot(const ReportData& data, std::size_t i)
         plot.line(cut(height, {run.time.low, std::nexttoward(run.time.high, 0)}),
                   "line " + colourOf(fingertip));
     }
-    plot.legend("soft Hover", "hover");
-    plot.legend("soft Select", "press");
+    plot.legend(softStyleOf(State::Hover), "hover");
+    plot.legend(softStyleOf(State::Select), "press");
     for (const Transition& change : data.changes) {
-        if (change.kind != "fingertip" || change.name != fingertip.name) {
+        if (change.kind != Kind::Fingertip || change.name != fingertip.name) {
             continue;
         }
         // A fingertip that is lost has no height any more: its release is marked where it was last.
         const bool lost = std::isnan(height[change.frame].y) && change.frame > 0;
         const Point at{change.time, height[change.frame - (lost ? 1 : 0)].y};
         const std::string title = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
-        if (change.to == "Select") {
+        if (change.to == State::Select) {
             plot.mark(at, Mark::Down, "press", "press: " + title);
-        } else if (change.from == "Select") {
+        } else if (change.from == State::Select) {
             plot.mark(at, Mark::Up, "release", "release: " + title);
         }
     }
@@ -168,7 +169,8 @@ std::string touchPlot(const ReportData& data, std::size_t i, const std::set<std:
     plot.line(touch, "line bold " + colourOf(data.scene.fingertips[i]), "touch");
     for (std::size_t f = 0; f < touch.size(); ++f) {
         if (!std::isnan(touch[f].x)) {
-            plot.mark(touch[f], Mark::Dot, "Select", fmt::format("{:.3f} s", data.frames[f].time));
+            plot.mark(touch[f], Mark::Dot, styleOf(State::Select),
+                      fmt::format("{:.3f} s", data.frames[f].time));
         }
     }
     return figure(plot.take());
@@ -197,4 +199,4 @@ std::string fingertipSection(const ReportData& data)
                    body);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -7,12 +7,12 @@
 
 #include <fmt/format.h>
 
+#include "host/scene/PatchGeometry.h"
 #include "report/Html.h"
 #include "report/Plot.h"
 #include "report/Sections.h"
-#include "scene/PatchGeometry.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -144,12 +144,12 @@ std::string pressPlot(const char* title, Range time, const std::vector<Run<VelkI
 {
     Plot plot({kWidth, 230, title, "time (s)", "mm", time, rangeOf({real, drawn})});
     for (const auto& run : states) {
-        plot.band(run.time, "soft " + stateName(run.value), stateName(run.value));
+        plot.band(run.time, softStyleOf(stateOf(run.value)), nameOf(stateOf(run.value)));
     }
     plot.level(0, "surface");
     plot.line(real, "line thin grey", "recorded");
     plot.line(drawn, "line c3", "drawn");
-    plot.legend("soft Select", "press");
+    plot.legend(softStyleOf(State::Select), "press");
     return figure(plot.take());
 }
 
@@ -201,9 +201,8 @@ std::string handSection(const ReportData& data)
 {
     std::string body;
     for (std::size_t i = 0; i < data.scene.hands.size(); ++i) {
-        body += fmt::format("<h3>{} hand</h3>\n",
-                            kSideNames[static_cast<std::size_t>(data.scene.hands[i].side)]) +
-                limiterPart(data, i) + filterPart(data, i);
+        body += fmt::format("<h3>{} hand</h3>\n", nameOf(data.scene.hands[i].side)) + limiterPart(data, i) +
+                filterPart(data, i);
     }
     if (body.empty()) {
         return {};
@@ -215,4 +214,4 @@ std::string handSection(const ReportData& data)
                    body);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

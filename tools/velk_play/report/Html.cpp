@@ -7,7 +7,7 @@
 
 #include "report/Svg.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -68,6 +68,18 @@ text { font: 12px system-ui, sans-serif; fill: var(--ink); }
 
 } // namespace
 
+std::string_view styleOf(State state)
+{
+    constexpr std::array<std::string_view, 9> kClasses{"Normal", "Hover",  "Select", "Disabled", "Normal",
+                                                       "Select", "Select", "Normal", "Select"};
+    return kClasses[static_cast<std::size_t>(state)];
+}
+
+std::string softStyleOf(State state)
+{
+    return fmt::format("soft {}", styleOf(state));
+}
+
 std::string section(const std::string& heading, const std::string& explanation, const std::string& body)
 {
     return fmt::format("<section>\n<h2>{}</h2>\n<p>{}</p>\n{}</section>\n", escaped(heading),
@@ -105,4 +117,4 @@ std::string page(const std::string& title, const std::string& body)
         escaped(title), kStyle, body);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -4,9 +4,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
-namespace velk_play
+#include "play/States.h"
+
+namespace velk_tools
 {
 
 std::string section(const std::string& heading, const std::string& explanation, const std::string& body);
@@ -17,7 +20,11 @@ std::string figure(const std::string& svg);
 /// A table; columns behind the first are set right. Cells are text, not HTML.
 std::string table(const std::vector<std::string>& head, const std::vector<std::vector<std::string>>& rows);
 
+/// The class of what is drawn in a state's colour, and of a band in that colour behind curves.
+std::string_view styleOf(State state);
+std::string softStyleOf(State state);
+
 /// The whole page.
 std::string page(const std::string& title, const std::string& body);
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -9,7 +9,7 @@
 
 #include <fmt/format.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -202,4 +202,4 @@ double heightForEqualScale(double width, Range x, Range y)
     return (width - kLeft - kRight) * std::abs(y.size() / x.size()) + kTop + kBottom;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

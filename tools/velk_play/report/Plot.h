@@ -9,7 +9,7 @@
 
 #include "report/Svg.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 inline constexpr double kGap = std::numeric_limits<double>::quiet_NaN(); ///< A point where nothing is known.
@@ -83,4 +83,4 @@ std::string tickText(double value, double step);
 /// The size of a view of this width whose two axes have the same scale.
 double heightForEqualScale(double width, Range x, Range y);
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -4,13 +4,14 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
 #include "play/Observer.h"
 #include "report/Svg.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A whole run, as the report's sections read it.
@@ -25,7 +26,32 @@ struct ReportData
     Range time() const { return {frames.front().time, frames.back().time}; }
     /// Until when what is seen in a frame holds.
     double endOf(std::size_t frame) const { return frames[std::min(frame + 1, frames.size() - 1)].time; }
+    /// For how many seconds what is seen in a frame holds.
+    double lengthOf(std::size_t frame) const { return endOf(frame) - frames[frame].time; }
 };
+
+/// The time spent in each of the first states of an interactor, or off and on.
+struct Seconds
+{
+    std::array<double, 3> in{};
+
+    void add(int state, double seconds)
+    {
+        if (state < static_cast<int>(in.size())) {
+            in[static_cast<std::size_t>(state)] += seconds;
+        }
+    }
+};
+
+template <typename Read>
+Seconds secondsIn(const ReportData& data, Read read)
+{
+    Seconds seconds;
+    for (std::size_t i = 0; i < data.frames.size(); ++i) {
+        seconds.add(read(data.frames[i]), data.lengthOf(i));
+    }
+    return seconds;
+}
 
 /// A stretch of time over which a value stays the same.
 template <typename T>
@@ -63,4 +89,4 @@ std::vector<Point> curveOf(const ReportData& data, Read read)
     return points;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,16 +3,14 @@
 
 #include "report/ReportWriter.h"
 
-#include "TextFile.h"
 #include "report/Html.h"
 #include "report/Sections.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 ReportWriter::ReportWriter(const std::string& path)
-    : path_(path)
-    , file_(openForWriting(path))
+    : file_(path)
 {
 }
 
@@ -33,8 +31,8 @@ void ReportWriter::end(const Summary& summary)
     data_.summary = summary;
     const std::string body = summarySection(data_) + timelineSection(data_) + sceneSection(data_) +
                              fingertipSection(data_) + handSection(data_) + trackSection(data_);
-    file_ << page(data_.scene.title.empty() ? data_.recording : data_.scene.title, body);
-    finishWriting(file_, path_);
+    file_.out() << page(data_.scene.title.empty() ? data_.recording : data_.scene.title, body);
+    file_.finish();
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include <fstream>
 #include <string>
 
+#include "host/Files.h"
 #include "play/Observer.h"
 #include "report/ReportData.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Keeps the whole run and writes it as one HTML page that needs nothing else.
@@ -23,9 +23,8 @@ public:
     void end(const Summary& summary) override;
 
 private:
-    std::string path_;
-    std::ofstream file_;
+    OutputFile file_;
     ReportData data_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -11,7 +11,7 @@
 #include "report/Sections.h"
 #include "report/Shapes.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -152,13 +152,13 @@ void drawRay(Plot& plot, const View& view, const ReportData& data, std::size_t i
         const RayView& ray = data.frames[frame].rays[i];
         const bool hits = isHit(data, data.frames[frame], i);
         const bool selects = ray.state == VelkInteractorState_Select;
-        const std::string title = fmt::format("{}: {} on {}, {:.3f} s", name, stateName(ray.state),
+        const std::string title = fmt::format("{}: {} on {}, {:.3f} s", name, nameOf(stateOf(ray.state)),
                                               data.scene.rayTarget(ray.target), data.frames[frame].time);
         if (hits && selects && !wasSelecting) {
             plot.line({view.project(ray.origin), view.project(ray.end)}, "line thin " + colour);
         }
         if (hits && (frame % step == 0 || (selects && !wasSelecting))) {
-            plot.mark(view.project(ray.end), Mark::Dot, stateName(ray.state), title);
+            plot.mark(view.project(ray.end), Mark::Dot, styleOf(stateOf(ray.state)), title);
         }
         wasSelecting = selects;
     }
@@ -173,7 +173,7 @@ void drawFingertip(Plot& plot, const View& view, const ReportData& data, std::si
     }
     plot.line(path, "line thin " + colourOf(fingertip), fingertip.name);
     for (const Transition& change : data.changes) {
-        if (change.kind == "fingertip" && change.name == fingertip.name && change.to == "Select") {
+        if (change.kind == Kind::Fingertip && change.name == fingertip.name && change.to == State::Select) {
             plot.mark(view.project(data.frames[change.frame].fingertips[i].tip), Mark::Down, "press",
                       fmt::format("{} presses {}, {:.3f} s", change.name, change.target, change.time));
         }
@@ -211,28 +211,27 @@ std::string drawView(const ReportData& data, const View& view, const std::vector
 }
 
 /// A row: for how long anything hovered a target and selected it, and how often.
-std::vector<std::string> targetRow(const ReportData& data, const std::string& name, const std::string& kind,
-                                   const std::array<double, 4>& seconds)
+std::vector<std::string> targetRow(const ReportData& data, const std::string& name, Kind kind,
+                                   const Seconds& seconds)
 {
     const auto selections =
         std::count_if(data.changes.begin(), data.changes.end(), [&](const Transition& change) {
-            return change.kind == kind && change.target == name && change.to == "Select" &&
-                   change.from != "Select";
+            return change.kind == kind && change.target == name && isStart(change);
         });
-    return {name, fmt::format("{:.2f} s", seconds[VelkInteractorState_Hover]),
-            fmt::format("{:.2f} s", seconds[VelkInteractorState_Select]), fmt::format("{}", selections)};
+    return {name, fmt::format("{:.2f} s", seconds.in[VelkInteractorState_Hover]),
+            fmt::format("{:.2f} s", seconds.in[VelkInteractorState_Select]), fmt::format("{}", selections)};
 }
 
+/// For how long each target was hovered and selected, added up over all that did.
 template <typename View>
-std::vector<std::array<double, 4>> secondsOn(const ReportData& data, std::vector<View> Observation::*views,
-                                             std::size_t targets)
+std::vector<Seconds> secondsOn(const ReportData& data, std::vector<View> Observation::*views,
+                               std::size_t targets)
 {
-    std::vector<std::array<double, 4>> seconds(targets);
+    std::vector<Seconds> seconds(targets);
     for (std::size_t frame = 0; frame < data.frames.size(); ++frame) {
         for (const View& view : data.frames[frame].*views) {
             if (view.target >= 0) {
-                seconds[static_cast<std::size_t>(view.target)][static_cast<std::size_t>(view.state)] +=
-                    data.endOf(frame) - data.frames[frame].time;
+                seconds[static_cast<std::size_t>(view.target)].add(view.state, data.lengthOf(frame));
             }
         }
     }
@@ -245,11 +244,11 @@ std::string targetTable(const ReportData& data)
     std::vector<std::vector<std::string>> rows;
     const auto onRays = secondsOn(data, &Observation::rays, scene.panels.size() + scene.boxes.size());
     for (std::size_t i = 0; i < onRays.size(); ++i) {
-        rows.push_back(targetRow(data, scene.rayTarget(static_cast<int>(i)), "ray", onRays[i]));
+        rows.push_back(targetRow(data, scene.rayTarget(static_cast<int>(i)), Kind::Ray, onRays[i]));
     }
     const auto onTips = secondsOn(data, &Observation::fingertips, scene.patches.size());
     for (std::size_t i = 0; i < onTips.size(); ++i) {
-        rows.push_back(targetRow(data, scene.patches[i].name, "fingertip", onTips[i]));
+        rows.push_back(targetRow(data, scene.patches[i].name, Kind::Fingertip, onTips[i]));
     }
     return "<div>" + table({"Target", "hovered", "selected", "selections"}, rows) + "</div>\n";
 }
@@ -273,4 +272,4 @@ std::string sceneSection(const ReportData& data)
                    "<div class=\"row\">\n" + figures + targetTable(data) + "</div>\n");
 }
 
-} // namespace velk_play
+} // namespace velk_tools

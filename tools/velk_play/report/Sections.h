@@ -8,7 +8,7 @@
 #include "report/ReportData.h"
 
 /// The parts of the page, each as HTML. A part that the scene has nothing for is empty.
-namespace velk_play
+namespace velk_tools
 {
 
 /// The scene and the recording in words, the run's figures, and a table of who did what.
@@ -29,4 +29,4 @@ std::string handSection(const ReportData& data);
 /// Scores of pinches and grips, and the angles of directions.
 std::string trackSection(const ReportData& data);
 
-} // namespace velk_play
+} // namespace velk_tools

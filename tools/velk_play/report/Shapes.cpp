@@ -5,9 +5,9 @@
 
 #include <fmt/format.h>
 
-#include "scene/PatchGeometry.h"
+#include "host/scene/PatchGeometry.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -60,4 +60,4 @@ std::string colourOf(const Fingertip& fingertip)
     return fmt::format("c{}", (finger + (fingertip.side == Side::Left ? 1 : 0)) % kFingerNames.size());
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "scene/Scene.h"
+#include "host/scene/Scene.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// The corners of things, in the recording's space: four of a flat one, eight of a box. A patch
@@ -20,4 +20,4 @@ std::vector<Vec3> cornersOf(const Patch& patch);
 /// The class of a fingertip's colour: one for each finger, another on the left hand.
 std::string colourOf(const Fingertip& fingertip);
 
-} // namespace velk_play
+} // namespace velk_tools

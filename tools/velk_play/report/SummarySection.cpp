@@ -9,7 +9,7 @@
 #include "report/Html.h"
 #include "report/Sections.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -21,20 +21,20 @@ std::string fact(const std::string& value, const std::string& name)
 }
 
 /// A row: how long in each state, and how often Select or what stands for it began.
-std::vector<std::string> stateRow(const ReportData& data, const std::string& kind, const std::string& name,
-                                  const std::array<double, 3>& seconds, const std::string& counted)
+std::vector<std::string> stateRow(const ReportData& data, Kind kind, const std::string& name,
+                                  const Seconds& seconds)
 {
     int count = 0;
     double first = -1;
     for (const Transition& change : data.changes) {
-        if (change.kind != kind || change.name != name || change.to != counted || change.from == counted) {
+        if (change.kind != kind || change.name != name || !isStart(change)) {
             continue;
         }
         first = count == 0 ? change.time : first;
         ++count;
     }
-    std::vector<std::string> row{kind + " " + name};
-    for (const double time : seconds) {
+    std::vector<std::string> row{fmt::format("{} {}", nameOf(kind), name)};
+    for (const double time : seconds.in) {
         row.push_back(time < 0 ? "" : fmt::format("{:.2f} s", time));
     }
     row.push_back(fmt::format("{}", count));
@@ -42,31 +42,18 @@ std::vector<std::string> stateRow(const ReportData& data, const std::string& kin
     return row;
 }
 
-template <typename Read>
-std::array<double, 3> secondsIn(const ReportData& data, Read stateOf)
-{
-    std::array<double, 3> seconds{};
-    for (std::size_t i = 0; i < data.frames.size(); ++i) {
-        const auto state = static_cast<std::size_t>(stateOf(data.frames[i]));
-        if (state < seconds.size()) {
-            seconds[state] += data.endOf(i) - data.frames[i].time;
-        }
-    }
-    return seconds;
-}
-
 std::string interactorTable(const ReportData& data)
 {
     std::vector<std::vector<std::string>> rows;
     for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
-        rows.push_back(stateRow(data, "ray", data.scene.rays[i].name,
-                                secondsIn(data, [i](const Observation& seen) { return seen.rays[i].state; }),
-                                "Select"));
+        rows.push_back(
+            stateRow(data, Kind::Ray, data.scene.rays[i].name,
+                     secondsIn(data, [i](const Observation& seen) { return seen.rays[i].state; })));
     }
     for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
-        rows.push_back(stateRow(
-            data, "fingertip", data.scene.fingertips[i].name,
-            secondsIn(data, [i](const Observation& seen) { return seen.fingertips[i].state; }), "Select"));
+        rows.push_back(
+            stateRow(data, Kind::Fingertip, data.scene.fingertips[i].name,
+                     secondsIn(data, [i](const Observation& seen) { return seen.fingertips[i].state; })));
     }
     if (rows.empty()) {
         return {};
@@ -74,16 +61,14 @@ std::string interactorTable(const ReportData& data)
     return table({"Interactor", "Normal", "Hover", "Select", "selections", "first at"}, rows);
 }
 
-void addGripRows(const ReportData& data, const char* kind, const char* held,
-                 const std::vector<GripTrack>& tracks, std::vector<GripView> Observation::*views,
-                 std::vector<std::vector<std::string>>& rows)
+void addGripRows(const ReportData& data, Kind kind, const std::vector<GripTrack>& tracks,
+                 std::vector<GripView> Observation::*views, std::vector<std::vector<std::string>>& rows)
 {
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         for (const std::size_t finger : tracks[i].fingers) {
             auto row = stateRow(
                 data, kind, fingerName(tracks[i], finger),
-                secondsIn(data, [&](const Observation& seen) { return (seen.*views)[i].holds[finger]; }),
-                held);
+                secondsIn(data, [&](const Observation& seen) { return (seen.*views)[i].holds[finger]; }));
             row.erase(row.begin() + 3);
             rows.push_back(std::move(row));
         }
@@ -93,13 +78,12 @@ void addGripRows(const ReportData& data, const char* kind, const char* held,
 std::string trackTable(const ReportData& data)
 {
     std::vector<std::vector<std::string>> rows;
-    addGripRows(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, rows);
-    addGripRows(data, "palm", "gripping", data.scene.palms, &Observation::palms, rows);
+    addGripRows(data, Kind::Pinch, data.scene.pinches, &Observation::pinches, rows);
+    addGripRows(data, Kind::Palm, data.scene.palms, &Observation::palms, rows);
     for (std::size_t i = 0; i < data.scene.directions.size(); ++i) {
         auto row =
-            stateRow(data, "direction", data.scene.directions[i].name,
-                     secondsIn(data, [i](const Observation& seen) { return seen.directions[i].active; }),
-                     "recognised");
+            stateRow(data, Kind::Direction, data.scene.directions[i].name,
+                     secondsIn(data, [i](const Observation& seen) { return seen.directions[i].active; }));
         row.erase(row.begin() + 3);
         rows.push_back(std::move(row));
     }
@@ -131,4 +115,4 @@ std::string summarySection(const ReportData& data)
     return html + "</div>\n" + interactorTable(data) + trackTable(data);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

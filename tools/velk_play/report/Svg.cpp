@@ -9,7 +9,7 @@
 
 #include <fmt/format.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -136,4 +136,4 @@ std::string Svg::take() const
                        width_, height_, escaped(label_), body_);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

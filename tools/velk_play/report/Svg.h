@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velk_play
+namespace velk_tools
 {
 
 struct Point
@@ -62,4 +62,4 @@ private:
     std::string body_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -8,7 +8,7 @@
 #include "report/Plot.h"
 #include "report/Sections.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -25,7 +25,7 @@ constexpr double kBottom = 38;
 struct Band
 {
     Range time;
-    std::string style;
+    std::string_view style;
     std::string title;
 };
 
@@ -38,38 +38,39 @@ struct Lane
 using StateAndTarget = std::pair<VelkInteractorState, int>;
 
 template <typename NameOf>
-Lane interactorLane(std::string name, const std::vector<Run<StateAndTarget>>& runs, NameOf nameOf)
+Lane interactorLane(std::string name, const std::vector<Run<StateAndTarget>>& runs, NameOf targetName)
 {
     Lane lane{std::move(name), {}};
     for (const auto& run : runs) {
-        const std::string state = stateName(run.value.first);
-        const std::string target = nameOf(run.value.second);
-        const std::string what = target.empty() ? state : state + " on " + target;
-        lane.bands.push_back({run.time, state, bandTitle(what, run.time)});
+        const State state = stateOf(run.value.first);
+        const std::string target = targetName(run.value.second);
+        const std::string what =
+            target.empty() ? std::string(nameOf(state)) : fmt::format("{} on {}", nameOf(state), target);
+        lane.bands.push_back({run.time, styleOf(state), bandTitle(what, run.time)});
     }
     return lane;
 }
 
-Lane holdLane(std::string name, const std::vector<Run<bool>>& runs, const char* held)
+/// What doesn't hold counts as off, fingers too.
+Lane holdLane(std::string name, const std::vector<Run<bool>>& runs, Kind kind)
 {
     Lane lane{std::move(name), {}};
     for (const auto& run : runs) {
-        lane.bands.push_back(
-            {run.time, run.value ? "Select" : "Normal", bandTitle(run.value ? held : "off", run.time)});
+        const State state = run.value ? heldState(kind) : State::Off;
+        lane.bands.push_back({run.time, styleOf(state), bandTitle(nameOf(state), run.time)});
     }
     return lane;
 }
 
-void addGripLanes(const ReportData& data, const char* kind, const char* held,
-                  const std::vector<GripTrack>& tracks, std::vector<GripView> Observation::*views,
-                  std::vector<Lane>& lanes)
+void addGripLanes(const ReportData& data, Kind kind, const std::vector<GripTrack>& tracks,
+                  std::vector<GripView> Observation::*views, std::vector<Lane>& lanes)
 {
     for (std::size_t i = 0; i < tracks.size(); ++i) {
         for (const std::size_t finger : tracks[i].fingers) {
             lanes.push_back(holdLane(
-                fmt::format("{} {}", kind, fingerName(tracks[i], finger)),
+                fmt::format("{} {}", nameOf(kind), fingerName(tracks[i], finger)),
                 runsOf(data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; }),
-                held));
+                kind));
         }
     }
 }
@@ -91,12 +92,13 @@ std::vector<Lane> lanesOf(const ReportData& data)
         lanes.push_back(interactorLane("fingertip " + data.scene.fingertips[i].name, runs,
                                        [&](int target) { return data.scene.patchName(target); }));
     }
-    addGripLanes(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, lanes);
-    addGripLanes(data, "palm", "gripping", data.scene.palms, &Observation::palms, lanes);
+    addGripLanes(data, Kind::Pinch, data.scene.pinches, &Observation::pinches, lanes);
+    addGripLanes(data, Kind::Palm, data.scene.palms, &Observation::palms, lanes);
     for (std::size_t i = 0; i < data.scene.directions.size(); ++i) {
-        lanes.push_back(holdLane(
-            "direction " + data.scene.directions[i].name,
-            runsOf(data, [i](const Observation& seen) { return seen.directions[i].active; }), "recognised"));
+        lanes.push_back(
+            holdLane("direction " + data.scene.directions[i].name,
+                     runsOf(data, [i](const Observation& seen) { return seen.directions[i].active; }),
+                     Kind::Direction));
     }
     return lanes;
 }
@@ -104,9 +106,10 @@ std::vector<Lane> lanesOf(const ReportData& data)
 void drawLegend(Svg& svg)
 {
     double x = kLabels;
-    for (const auto& [style, name] : {std::pair("Normal", "Normal, or off"), std::pair("Hover", "Hover"),
-                                      std::pair("Select", "Select, or holding")}) {
-        svg.rect(x, 8, 16, 11, style);
+    for (const auto& [state, name] :
+         {std::pair(State::Normal, "Normal, or off"), std::pair(State::Hover, "Hover"),
+          std::pair(State::Select, "Select, or holding")}) {
+        svg.rect(x, 8, 16, 11, styleOf(state));
         svg.text({x + 22, 18}, Anchor::Start, "note", name);
         x += 140;
     }
@@ -153,4 +156,4 @@ std::string timelineSection(const ReportData& data)
         figure(drawLanes(data, lanes)));
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -10,7 +10,7 @@
 #include "report/Plot.h"
 #include "report/Sections.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -29,23 +29,21 @@ struct Level
 constexpr Level kPinchLevels[] = {{1.0, "starts"}};
 constexpr Level kPalmLevels[] = {{0.9, "starts above"}, {0.6, "ends below"}};
 
-void markChanges(Plot& plot, const ReportData& data, const char* kind, const std::string& name,
+void markChanges(Plot& plot, const ReportData& data, Kind kind, const std::string& name,
                  const std::vector<Point>& curve)
 {
     for (const Transition& change : data.changes) {
         if (change.kind == kind && change.name == name) {
-            plot.mark(curve[change.frame],
-                      change.from == "open" || change.from == "off" ? Mark::Down : Mark::Up,
-                      change.from == "open" || change.from == "off" ? "press" : "release",
-                      fmt::format("{} at {:.3f} s", change.to, change.time));
+            const bool starts = isStart(change);
+            plot.mark(curve[change.frame], starts ? Mark::Down : Mark::Up, starts ? "press" : "release",
+                      fmt::format("{} at {:.3f} s", nameOf(change.to), change.time));
         }
     }
 }
 
 template <typename Levels>
-std::string gripPlots(const ReportData& data, const char* kind, const char* held,
-                      const std::vector<GripTrack>& tracks, std::vector<GripView> Observation::*views,
-                      const Levels& levels)
+std::string gripPlots(const ReportData& data, Kind kind, const std::vector<GripTrack>& tracks,
+                      std::vector<GripView> Observation::*views, const Levels& levels)
 {
     std::string figures;
     for (std::size_t i = 0; i < tracks.size(); ++i) {
@@ -56,20 +54,21 @@ std::string gripPlots(const ReportData& data, const char* kind, const char* held
             });
             Plot plot({kWidth,
                        kHeight,
-                       fmt::format("{}, {}", name, kind),
+                       fmt::format("{}, {}", name, nameOf(kind)),
                        "time (s)",
                        "score",
                        data.time(),
                        {-0.06, 1.12}});
             for (const auto& run : runsOf(
                      data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; })) {
-                plot.band(run.time, run.value ? "soft Select" : "soft Normal", run.value ? held : "open");
+                const State state = stateOf(kind, run.value);
+                plot.band(run.time, softStyleOf(state), nameOf(state));
             }
             for (const Level& level : levels) {
                 plot.level(level.score, level.name);
             }
             plot.line(score, fmt::format("line c{}", finger));
-            plot.legend("soft Select", held);
+            plot.legend(softStyleOf(heldState(kind)), std::string(nameOf(heldState(kind))));
             markChanges(plot, data, kind, name, score);
             figures += figure(plot.take());
         }
@@ -96,15 +95,15 @@ std::string directionPlots(const ReportData& data)
         for (const auto& run : runsOf(data, [i](const Observation& seen) {
                  return std::pair(seen.directions[i].active, seen.directions[i].alignment);
              })) {
-            plot.band(run.time, run.value.first ? "soft Select" : "soft Normal",
-                      kAlignmentNames[static_cast<std::size_t>(run.value.second)]);
+            plot.band(run.time, softStyleOf(stateOf(Kind::Direction, run.value.first)),
+                      alignmentName(run.value.second));
         }
         plot.level(track.middleAngle, "middle from here");
         plot.level(track.farAngle, "far from here");
         plot.line(angle, "line c1");
-        plot.legend("soft Select",
-                    fmt::format("recognised: {}", kAlignmentNames[static_cast<std::size_t>(track.wanted)]));
-        markChanges(plot, data, "direction", track.name, angle);
+        plot.legend(softStyleOf(State::Recognised),
+                    fmt::format("{}: {}", nameOf(State::Recognised), alignmentName(track.wanted)));
+        markChanges(plot, data, Kind::Direction, track.name, angle);
         figures += figure(plot.take());
     }
     return figures;
@@ -116,7 +115,7 @@ std::string trackSection(const ReportData& data)
 {
     std::string html;
     if (const std::string pinches =
-            gripPlots(data, "pinch", "pinching", data.scene.pinches, &Observation::pinches, kPinchLevels);
+            gripPlots(data, Kind::Pinch, data.scene.pinches, &Observation::pinches, kPinchLevels);
         !pinches.empty()) {
         html += section("Pinches",
                         "A finger's score is 1 at the distance at which its pinch starts: 16 mm from the "
@@ -125,7 +124,7 @@ std::string trackSection(const ReportData& data)
                         pinches);
     }
     if (const std::string grips =
-            gripPlots(data, "palm", "gripping", data.scene.palms, &Observation::palms, kPalmLevels);
+            gripPlots(data, Kind::Palm, data.scene.palms, &Observation::palms, kPalmLevels);
         !grips.empty()) {
         html += section(
             "Palm grips",
@@ -141,4 +140,4 @@ std::string trackSection(const ReportData& data)
     return html;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

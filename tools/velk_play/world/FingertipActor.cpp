@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "scene/PatchGeometry.h"
+#include "host/scene/PatchGeometry.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -15,8 +15,6 @@ namespace
 
 /// Seconds without the hand after which it counts as lost, also when no frame stands in between.
 constexpr double kLongestStep = 0.1;
-/// More metres over a surface than those at which the library ends a recoil.
-constexpr float kSurfaceRelease = 0.003f;
 /// Metres beyond a surface's hover.
 constexpr float kWellInFront = 0.1f;
 
@@ -26,8 +24,8 @@ FingertipActor::FingertipActor(const Fingertip& fingertip)
     : fingertip_(fingertip)
     , interactor_(velk_PokeInteractor_Create())
     , tipHand_(velk_DataSource_Create(VelkDataSourceType_External))
-    , shownTip_(velk_DataModifier_Create(VelkDataModifierType_SyntheticHand, tipHand_.get()))
-    , limiter_(velk_HandPokeLimiterVisual_Create(tipHand_.get(), interactor_.get(), shownTip_.get()))
+    , shownTip_(velk_DataModifier_Create(VelkDataModifierType_SyntheticHand, tipHand_))
+    , limiter_(velk_HandPokeLimiterVisual_Create(tipHand_, interactor_, shownTip_))
 {
 }
 
@@ -35,7 +33,7 @@ void FingertipActor::update(const Frame& frame, const Scene& scene, const PokeTa
 {
     follow(frame, scene, targets);
     VelkInteractorState state = VelkInteractorState_Normal;
-    velk_Interactor_GetState(interactor_.get(), &state);
+    velk_Interactor_GetState(interactor_, &state);
     releasing_ = held_ && state != VelkInteractorState_Select;
     held_ = state == VelkInteractorState_Select || (held_ && !isInFront(scene, targets));
 }
@@ -43,12 +41,12 @@ void FingertipActor::update(const Frame& frame, const Scene& scene, const PokeTa
 /// Of what it hovers, if anything: then no press or recoil goes on.
 bool FingertipActor::isInFront(const Scene& scene, const PokeTargets& targets) const
 {
-    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_));
     if (target < 0) {
         return true;
     }
     const Pose& surface = scene.patches[static_cast<std::size_t>(target)].pose;
-    return inverseTransform(surface, poked_).z > kTipRadius + kSurfaceRelease;
+    return inverseTransform(surface, poked_).z > kTipRadius + kClearOfRecoil;
 }
 
 void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTargets& targets)
@@ -79,7 +77,7 @@ void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTa
 void FingertipActor::letGo(const Scene& scene, const PokeTargets& targets)
 {
     arrived_ = false;
-    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_.get()));
+    const int target = targets.indexOf(velk_Interactor_GetInteractable(interactor_));
     if (target < 0) {
         return;
     }
@@ -95,17 +93,17 @@ void FingertipActor::moveTo(Vec3 point)
     velk_HandData tipHand;
     std::fill(std::begin(tipHand.joints), std::end(tipHand.joints), kNoRotation);
     tipHand.rootPose = {kNoRotation, point};
-    velk_ExternalHandSource_SetData(tipHand_.get(), &tipHand);
-    velk_HandPokeLimiterVisual_Update(limiter_.get());
-    velk_DataSource_Update(shownTip_.get());
+    velk_ExternalHandSource_SetData(tipHand_, &tipHand);
+    velk_HandPokeLimiterVisual_Update(limiter_);
+    velk_DataSource_Update(shownTip_);
 }
 
 void FingertipActor::pokeAt(Vec3 point)
 {
     poked_ = point;
     const Pose pose{kNoRotation, point};
-    velk_PokeInteractor_SetPointTransform(interactor_.get(), &pose);
-    velk_Interactor_Update(interactor_.get());
+    velk_PokeInteractor_SetPointTransform(interactor_, &pose);
+    velk_Interactor_Update(interactor_);
 }
 
 FingertipView FingertipActor::view(const PokeTargets& targets) const
@@ -113,15 +111,15 @@ FingertipView FingertipActor::view(const PokeTargets& targets) const
     FingertipView view;
     view.tracked = tracked_;
     view.tip = tip_;
-    velk_Interactor_GetState(interactor_.get(), &view.state);
-    view.handle = velk_Interactor_GetInteractable(interactor_.get());
+    velk_Interactor_GetState(interactor_, &view.state);
+    view.handle = velk_Interactor_GetInteractable(interactor_);
     view.target = targets.indexOf(view.handle);
     if (view.state == VelkInteractorState_Select) {
         velk_HandData shown;
-        velk_DataSource_GetData(shownTip_.get(), &shown);
+        velk_DataSource_GetData(shownTip_, &shown);
         view.touch = shown.rootPose.position;
     }
     return view;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include "scene/Scene.h"
-#include "world/Handle.h"
+#include "host/Handle.h"
+#include "host/scene/Scene.h"
 #include "world/Observation.h"
 #include "world/Targets.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A poke interactor that follows a joint of a recorded hand.
@@ -17,7 +17,7 @@ class FingertipActor
 public:
     explicit FingertipActor(const Fingertip& fingertip);
 
-    VelkInteractorHandle interactor() const { return interactor_.get(); }
+    VelkInteractorHandle interactor() const { return interactor_; }
     void update(const Frame& frame, const Scene& scene, const PokeTargets& targets);
     /// Whether the last update may have let go of a hand that this finger's press held, or an earlier one
     /// since the press.
@@ -47,4 +47,4 @@ private:
     Vec3 poked_{}; ///< Where the interactor is. A new one is at the origin of the space.
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "scene/Scene.h"
-#include "world/Handle.h"
+#include "host/Handle.h"
+#include "host/scene/Scene.h"
 #include "world/Observation.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A recorded hand on its way through the library: external source, one euro filter, synthetic hand with a
@@ -33,4 +33,4 @@ private:
     HandView view_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -7,10 +7,10 @@
 #include <optional>
 #include <vector>
 
-#include "Geometry.h"
+#include "host/Geometry.h"
 
 /// What can be seen of the library after a frame. Lists have the scene's order.
-namespace velk_play
+namespace velk_tools
 {
 
 struct RayView
@@ -80,4 +80,4 @@ struct Observation
     std::vector<DirectionView> directions;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

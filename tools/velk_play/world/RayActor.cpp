@@ -3,7 +3,7 @@
 
 #include "world/RayActor.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -19,9 +19,8 @@ RayActor::RayActor(const Ray& ray)
     , selector_(velk_Selector_Create())
     , interactor_(velk_RayInteractor_Create())
 {
-    expect(velk_RayInteractor_SetMaxRayLength(interactor_.get(), ray.length),
-           "velk_RayInteractor_SetMaxRayLength");
-    expect(velk_Interactor_SetSelector(interactor_.get(), selector_.get()), "velk_Interactor_SetSelector");
+    expect(velk_RayInteractor_SetMaxRayLength(interactor_, ray.length), "velk_RayInteractor_SetMaxRayLength");
+    expect(velk_Interactor_SetSelector(interactor_, selector_), "velk_Interactor_SetSelector");
 }
 
 void RayActor::press(bool down)
@@ -31,9 +30,9 @@ void RayActor::press(bool down)
     }
     pressed_ = down;
     if (down) {
-        velk_Selector_Select(selector_.get());
+        velk_Selector_Select(selector_);
     } else {
-        velk_Selector_Unselect(selector_.get());
+        velk_Selector_Unselect(selector_);
     }
 }
 
@@ -44,8 +43,8 @@ void RayActor::update(const Frame& frame)
     if (!tracked_) {
         press(false);
     }
-    velk_RayInteractor_SetPose(interactor_.get(), tracked_ ? &*now : &kNowhere);
-    velk_Interactor_Update(interactor_.get());
+    velk_RayInteractor_SetPose(interactor_, tracked_ ? &*now : &kNowhere);
+    velk_Interactor_Update(interactor_);
 }
 
 std::optional<Pose> RayActor::pose(const Frame& frame) const
@@ -67,12 +66,12 @@ RayView RayActor::view(const RayTargets& targets) const
 {
     RayView view;
     view.tracked = tracked_;
-    velk_Interactor_GetState(interactor_.get(), &view.state);
-    view.handle = velk_Interactor_GetInteractable(interactor_.get());
+    velk_Interactor_GetState(interactor_, &view.state);
+    view.handle = velk_Interactor_GetInteractable(interactor_);
     view.target = targets.indexOf(view.handle);
-    velk_RayInteractor_GetOrigin(interactor_.get(), &view.origin);
-    velk_RayInteractor_GetEnd(interactor_.get(), &view.end);
+    velk_RayInteractor_GetOrigin(interactor_, &view.origin);
+    velk_RayInteractor_GetEnd(interactor_, &view.end);
     return view;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

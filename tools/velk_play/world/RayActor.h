@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include "scene/Scene.h"
-#include "world/Handle.h"
+#include "host/Handle.h"
+#include "host/scene/Scene.h"
 #include "world/Observation.h"
 #include "world/Targets.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A ray interactor that follows its driver in the recording.
@@ -33,4 +33,4 @@ private:
     bool tracked_ = false;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,7 +3,7 @@
 
 #include "world/Targets.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -12,7 +12,7 @@ namespace
 int findHandle(const std::vector<Interactable>& interactables, VelkInteractableHandle handle)
 {
     for (std::size_t i = 0; i < interactables.size(); ++i) {
-        if (interactables[i].get() == handle) {
+        if (interactables[i] == handle) {
             return static_cast<int>(i);
         }
     }
@@ -30,7 +30,7 @@ RayTargets::RayTargets(const Scene& scene)
         surfaces_.emplace_back(velk_PointableAxisAlignedBox_Create(&box.center, &box.size));
     }
     for (const PointableSurface& surface : surfaces_) {
-        interactables_.emplace_back(velk_RayInteractable_Create(surface.get()));
+        interactables_.emplace_back(velk_RayInteractable_Create(surface));
     }
 }
 
@@ -43,7 +43,7 @@ std::vector<VelkInteractableState> RayTargets::view() const
 {
     std::vector<VelkInteractableState> states(interactables_.size());
     for (std::size_t i = 0; i < states.size(); ++i) {
-        velk_Interactable_GetState(interactables_[i].get(), &states[i]);
+        velk_Interactable_GetState(interactables_[i], &states[i]);
     }
     return states;
 }
@@ -53,12 +53,11 @@ PokeTargets::PokeTargets(const Scene& scene)
     for (const Patch& patch : scene.patches) {
         patches_.emplace_back(velk_ClippedPlaneSurface_Create(&patch.pose, patch.clippers.data(),
                                                               static_cast<int>(patch.clippers.size())));
-        interactables_.emplace_back(
-            velk_PokeInteractable_CreateWithConfig(patches_.back().get(), &patch.config));
+        interactables_.emplace_back(velk_PokeInteractable_CreateWithConfig(patches_.back(), &patch.config));
         std::optional<ButtonVisual>& button = buttons_.emplace_back();
         if (patch.button) {
             button.emplace(
-                velk_PokeButtonVisual_Create(interactables_.back().get(), &patch.pose, patch.button->travel));
+                velk_PokeButtonVisual_Create(interactables_.back(), &patch.pose, patch.button->travel));
         }
     }
 }
@@ -72,13 +71,13 @@ std::vector<PatchView> PokeTargets::view() const
 {
     std::vector<PatchView> views(interactables_.size());
     for (std::size_t i = 0; i < views.size(); ++i) {
-        velk_Interactable_GetState(interactables_[i].get(), &views[i].state);
+        velk_Interactable_GetState(interactables_[i], &views[i].state);
         if (buttons_[i]) {
-            velk_PokeButtonVisual_GetCurrentExtent(buttons_[i]->get(), &views[i].extent);
-            velk_PokeButtonVisual_GetCurrentPose(buttons_[i]->get(), &views[i].cap.emplace());
+            velk_PokeButtonVisual_GetCurrentExtent(*buttons_[i], &views[i].extent);
+            velk_PokeButtonVisual_GetCurrentPose(*buttons_[i], &views[i].cap.emplace());
         }
     }
     return views;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -6,11 +6,11 @@
 #include <optional>
 #include <vector>
 
-#include "scene/Scene.h"
-#include "world/Handle.h"
+#include "host/Handle.h"
+#include "host/scene/Scene.h"
 #include "world/Observation.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// The panels and boxes that rays hit.
@@ -41,4 +41,4 @@ private:
     std::vector<std::optional<ButtonVisual>> buttons_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -3,7 +3,7 @@
 
 #include "world/Tracks.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -22,6 +22,17 @@ Quantizer makeQuantizer(const DirectionTrack& track)
 {
     Vec3 reference = track.reference;
     return Quantizer(velk_DirectionQuantizer_Create(&reference, track.middleAngle, track.farAngle));
+}
+
+/// Pinches and palm grips are read alike, through functions of their own.
+template <auto GetScore, auto IsGrabbing, auto HasChanged>
+void readGrip(const auto& grab, GripView& view)
+{
+    for (std::size_t i = 0; i < kFingers.size(); ++i) {
+        GetScore(grab, kFingers[i], &view.scores[i]);
+        IsGrabbing(grab, kFingers[i], &view.holds[i]);
+        HasChanged(grab, kFingers[i], view.holds[i], &view.changed[i]);
+    }
 }
 
 } // namespace
@@ -44,14 +55,10 @@ void PinchActor::update(const Frame& frame)
         data.jointPositions[i] = hand->joints[i].position;
     }
     const Vec3* head = track_.goodView ? &kWristDirection : &kOpposite;
-    velk_FingerPinchGrabAPI_UpdateHandWristHMDData(grab_.get(), &data, &kWristDirection, head);
-    for (std::size_t i = 0; i < kFingers.size(); ++i) {
-        velk_FingerPinchGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
-        velk_FingerPinchGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
-        velk_FingerPinchGrabAPI_GetFingerIsGrabbingChanged(grab_.get(), kFingers[i], view_.holds[i],
-                                                           &view_.changed[i]);
-    }
-    velk_FingerPinchGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
+    velk_FingerPinchGrabAPI_UpdateHandWristHMDData(grab_, &data, &kWristDirection, head);
+    readGrip<velk_FingerPinchGrabAPI_GetFingerGrabScore, velk_FingerPinchGrabAPI_GetFingerIsGrabbing,
+             velk_FingerPinchGrabAPI_GetFingerIsGrabbingChanged>(grab_, view_);
+    velk_FingerPinchGrabAPI_GetCenterOffset(grab_, &view_.center);
 }
 
 PalmActor::PalmActor(const GripTrack& track)
@@ -71,14 +78,10 @@ void PalmActor::update(const Frame& frame)
     std::copy(hand->joints.begin(), hand->joints.end(), data.jointPoses);
     data.rootPose = hand->root;
     data.handedness = hand->handedness;
-    velk_FingerPalmGrabAPI_UpdateHandData(grab_.get(), &data);
-    for (std::size_t i = 0; i < kFingers.size(); ++i) {
-        velk_FingerPalmGrabAPI_GetFingerGrabScore(grab_.get(), kFingers[i], &view_.scores[i]);
-        velk_FingerPalmGrabAPI_GetFingerIsGrabbing(grab_.get(), kFingers[i], &view_.holds[i]);
-        velk_FingerPalmGrabAPI_GetFingerIsGrabbingChanged(grab_.get(), kFingers[i], view_.holds[i],
-                                                          &view_.changed[i]);
-    }
-    velk_FingerPalmGrabAPI_GetCenterOffset(grab_.get(), &view_.center);
+    velk_FingerPalmGrabAPI_UpdateHandData(grab_, &data);
+    readGrip<velk_FingerPalmGrabAPI_GetFingerGrabScore, velk_FingerPalmGrabAPI_GetFingerIsGrabbing,
+             velk_FingerPalmGrabAPI_GetFingerIsGrabbingChanged>(grab_, view_);
+    velk_FingerPalmGrabAPI_GetCenterOffset(grab_, &view_.center);
 }
 
 DirectionActor::DirectionActor(const DirectionTrack& track)
@@ -97,12 +100,12 @@ void DirectionActor::update(const Frame& frame)
     }
     const Vec3 now = hand->joint(track_.pair.to).position - hand->joint(track_.pair.from).position;
     view_.angle = angleBetween(now, track_.reference);
-    velk_DirectionQuantizer_Update(quantizer_.get(), &now);
-    velk_DirectionQuantizer_GetValue(quantizer_.get(), 0, &view_.alignment);
+    velk_DirectionQuantizer_Update(quantizer_, &now);
+    velk_DirectionQuantizer_GetValue(quantizer_, 0, &view_.alignment);
     const velk_DetectionParameter wanted{0, track_.wanted};
     velk_DetectionParameterList list{1, &wanted};
-    velk_DirectionRecognizer_Update(recognizer_.get(), quantizer_.get(), &list);
-    velk_DirectionRecognizer_IsActive(recognizer_.get(), &view_.active);
+    velk_DirectionRecognizer_Update(recognizer_, quantizer_, &list);
+    velk_DirectionRecognizer_IsActive(recognizer_, &view_.active);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

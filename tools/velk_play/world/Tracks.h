@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "scene/Scene.h"
-#include "world/Handle.h"
+#include "host/Handle.h"
+#include "host/scene/Scene.h"
 #include "world/Observation.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Pinches of a hand's fingers.
@@ -57,4 +57,4 @@ private:
     DirectionView view_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

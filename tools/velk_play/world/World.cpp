@@ -7,7 +7,7 @@
 #include <chrono>
 #include <thread>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -159,4 +159,4 @@ void World::read(Observation& seen) const
     }
 }
 
-} // namespace velk_play
+} // namespace velk_tools

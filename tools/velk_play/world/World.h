@@ -6,7 +6,7 @@
 #include <chrono>
 #include <vector>
 
-#include "scene/Scene.h"
+#include "host/scene/Scene.h"
 #include "world/FingertipActor.h"
 #include "world/HandActor.h"
 #include "world/Observation.h"
@@ -14,7 +14,7 @@
 #include "world/Targets.h"
 #include "world/Tracks.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// All that a scene makes of the library's objects. scene must outlive it.
@@ -50,4 +50,4 @@ private:
     std::vector<DirectionActor> directions_;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -11,10 +11,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "Geometry.h"
-#include "recording/Names.h"
+#include "host/Geometry.h"
+#include "host/recording/Names.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A JSON object that is read key by key. Each complaint is an InputError that names the file and the way to
@@ -103,4 +103,4 @@ std::vector<std::size_t> JsonObject::choices(const std::string& key,
     return result;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -1,17 +1,17 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/JsonObject.h"
+#include "host/scene/JsonObject.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include <fmt/format.h>
 
-#include "InputError.h"
-#include "scene/Suggestion.h"
+#include "host/InputError.h"
+#include "host/scene/Suggestion.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 JsonObject::JsonObject(std::string file, std::string path, const nlohmann::json& value)
@@ -169,4 +169,4 @@ const nlohmann::json& JsonObject::list(const std::string& key)
     return values;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -1,16 +1,16 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "TextFile.h"
+#include "host/Files.h"
 
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
 
-#include "InputError.h"
+#include "host/InputError.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -37,23 +37,23 @@ std::string readTextFile(const std::string& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-std::ofstream openForWriting(const std::string& path)
+OutputFile::OutputFile(std::string path)
+    : path_(std::move(path))
 {
     errno = 0;
-    std::ofstream file(path, std::ios::binary);
-    if (!file) {
-        fail(path, "written");
-    }
-    return file;
-}
-
-void finishWriting(std::ofstream& file, const std::string& path)
-{
-    errno = 0;
-    file.close();
-    if (!file) {
-        fail(path, "written");
+    file_.open(path_, std::ios::binary);
+    if (!file_) {
+        fail(path_, "written");
     }
 }
 
-} // namespace velk_play
+void OutputFile::finish()
+{
+    errno = 0;
+    file_.close();
+    if (!file_) {
+        fail(path_, "written");
+    }
+}
+
+} // namespace velk_tools

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A file or an argument that the user has to mend. what() is the whole line to show, with file, line or key.
@@ -16,4 +16,4 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -11,7 +11,7 @@
 
 #include <velk/velk.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 enum class Side
@@ -30,8 +30,6 @@ enum class Device
 inline constexpr std::array<std::string_view, 2> kSideNames{"left", "right"};
 inline constexpr std::array<std::string_view, 3> kDeviceNames{"head", "left", "right"};
 inline constexpr std::array<std::string_view, 5> kFingerNames{"thumb", "index", "middle", "ring", "pinky"};
-inline constexpr std::array<std::string_view, 4> kInteractorStateNames{"Normal", "Hover", "Select",
-                                                                       "Disabled"};
 inline constexpr std::array<std::string_view, 4> kAlignmentNames{"none", "close", "middle", "far"};
 inline constexpr std::array<std::string_view, VELK_HAND_JOINT_COUNT> kJointNames{
     "Root0",         "Root1",    "ThumbRoot",   "ThumbBase",      "ThumbProximal", "ThumbDistal",
@@ -39,9 +37,14 @@ inline constexpr std::array<std::string_view, VELK_HAND_JOINT_COUNT> kJointNames
     "RingProximal",  "RingMid",  "RingDistal",  "PinkyBase",      "PinkyProximal", "PinkyMid",
     "PinkyDistal",   "ThumbTip", "IndexTip",    "MiddleTip",      "RingTip",       "PinkyTip"};
 
-inline std::string stateName(VelkInteractorState state)
+inline std::string_view nameOf(Side side)
 {
-    return std::string(kInteractorStateNames[static_cast<std::size_t>(state)]);
+    return kSideNames[static_cast<std::size_t>(side)];
+}
+
+inline std::string_view alignmentName(int alignment)
+{
+    return kAlignmentNames[static_cast<std::size_t>(alignment)];
 }
 
 /// Where a name stands in one of the tables above.
@@ -56,4 +59,4 @@ std::optional<std::size_t> indexOf(const std::array<std::string_view, N>& names,
     return std::nullopt;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -9,11 +9,11 @@
 #include <variant>
 #include <vector>
 
-#include "Geometry.h"
-#include "recording/Recording.h"
+#include "host/Geometry.h"
+#include "host/recording/Recording.h"
 
 /// What a scene file says, as plain values. docs/velk-play.md tells what each means in the file.
-namespace velk_play
+namespace velk_tools
 {
 
 /// A flat target of rays. Its front is local +Z.
@@ -132,4 +132,4 @@ struct Scene
     std::string patchName(int index) const;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -1,14 +1,14 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/Suggestion.h"
+#include "host/scene/Suggestion.h"
 
 #include <algorithm>
 #include <cstddef>
 
 #include <fmt/format.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -73,4 +73,4 @@ std::string suggestion(std::string_view word, const std::vector<std::string_view
     return nearest.empty() ? std::string() : fmt::format("; did you mean {}?", nearest);
 }
 
-} // namespace velk_play
+} // namespace velk_tools

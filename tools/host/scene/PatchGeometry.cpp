@@ -1,11 +1,11 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/PatchGeometry.h"
+#include "host/scene/PatchGeometry.h"
 
 #include <algorithm>
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -52,4 +52,4 @@ bool comesThrough(const Patch& patch, Vec3 from, Vec3 to)
     return distanceTo(areaOf(patch), met) - kTipRadius <= patch.config.enterHoverTangent;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "recording/Recording.h"
+#include "host/recording/Recording.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Reads a recording of hands (24 joints) or of head and controllers; the column names tell which it is.
@@ -22,4 +22,4 @@ void addTriggers(Recording& recording, const std::string& name, std::string_view
 /// is empty from <stem>_events.csv beside it, if there is such a file.
 Recording loadRecording(const std::string& path, const std::string& triggersPath);
 
-} // namespace velk_play
+} // namespace velk_tools

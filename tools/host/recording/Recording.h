@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "Geometry.h"
-#include "recording/Names.h"
+#include "host/Geometry.h"
+#include "host/recording/Names.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// One hand at one moment.
@@ -58,4 +58,4 @@ struct Recording
     double handRate(Side side) const;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

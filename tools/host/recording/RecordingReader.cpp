@@ -1,62 +1,22 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "recording/RecordingReader.h"
+#include "host/recording/RecordingReader.h"
 
 #include <algorithm>
 #include <filesystem>
 
 #include <fmt/format.h>
 
-#include "InputError.h"
-#include "TextFile.h"
-#include "recording/CsvTable.h"
+#include "host/Files.h"
+#include "host/InputError.h"
+#include "host/recording/PoseColumns.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
 {
-
-constexpr std::array<std::string_view, 7> kPoseParts{"px", "py", "pz", "qx", "qy", "qz", "qw"};
-/// A rotation is given to five digits, so its length is off by far less than this.
-constexpr float kLengthTolerance = 0.01f;
-
-/// Where the seven numbers of a pose stand in a row.
-class PoseColumns
-{
-public:
-    PoseColumns(const CsvTable& table, std::string_view prefix)
-        : prefix_(prefix)
-    {
-        for (std::size_t i = 0; i < kPoseParts.size(); ++i) {
-            columns_[i] = table.column(fmt::format("{}_{}", prefix, kPoseParts[i]));
-        }
-    }
-
-    bool isEmpty(const CsvTable& table, std::size_t row) const
-    {
-        return table.text(row, columns_[0]).empty();
-    }
-
-    Pose read(const CsvTable& table, std::size_t row) const
-    {
-        std::array<float, 7> n{};
-        for (std::size_t i = 0; i < n.size(); ++i) {
-            n[i] = static_cast<float>(table.number(row, columns_[i]));
-        }
-        const Quat rotation{n[3], n[4], n[5], n[6]};
-        if (!(std::abs(length(rotation) - 1) < kLengthTolerance)) {
-            table.fail(row, fmt::format("the rotation in '{}_qx' to '{}_qw' is not of unit length", prefix_,
-                                        prefix_));
-        }
-        return {normalized(rotation), {n[0], n[1], n[2]}};
-    }
-
-private:
-    std::string prefix_;
-    std::array<std::size_t, 7> columns_{};
-};
 
 struct HandColumns
 {
@@ -207,4 +167,4 @@ Recording loadRecording(const std::string& path, const std::string& triggersPath
     return recording;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -9,7 +9,7 @@
 
 #include <velk/velk.h>
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Throws when a call that can't fail in a sound host did fail: a fault of this program, not of its input.
@@ -20,15 +20,31 @@ inline void expect(int32_t status, const char* call)
     }
 }
 
-/// Owns what a velk handle stands for.
-template <typename Id, int32_t (*destroy)(Id)>
+/// How most hosts treat handles.
+struct PlainUse
+{
+    template <typename Id>
+    static void created(Id id)
+    {
+        expect(static_cast<int32_t>(id), "creating an object");
+    }
+
+    template <auto Destroy, typename Id>
+    static void destroy(Id id)
+    {
+        Destroy(id);
+    }
+};
+
+/// Owns what a velk handle stands for. Policy is told of each new handle and ends it.
+template <typename Id, auto Destroy, typename Policy = PlainUse>
 class Handle
 {
 public:
     explicit Handle(Id id)
         : id_(id)
     {
-        expect(static_cast<int32_t>(id), "creating an object");
+        Policy::created(id);
     }
 
     Handle(Handle&& other) noexcept
@@ -45,11 +61,11 @@ public:
     ~Handle()
     {
         if (static_cast<int32_t>(id_) >= 0) {
-            destroy(id_);
+            Policy::template destroy<Destroy>(id_);
         }
     }
 
-    Id get() const { return id_; }
+    operator Id() const { return id_; }
 
 private:
     Id id_;
@@ -68,4 +84,4 @@ using PalmGrab = Handle<VelkPalmGrabAPIHandle, velk_FingerPalmGrabAPI_Destroy>;
 using Quantizer = Handle<VelkDirectionQuantizerHandle, velk_DirectionQuantizer_Destroy>;
 using Recognizer = Handle<VelkDirectionRecognizerHandle, velk_DirectionRecognizer_Destroy>;
 
-} // namespace velk_play
+} // namespace velk_tools

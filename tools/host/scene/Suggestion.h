@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// The one of the names that the word was probably meant to be; empty if none is near. Near is up to a third
@@ -18,4 +18,4 @@ std::string_view nearestName(std::string_view word, const std::vector<std::strin
 /// "; did you mean fingertips?", or nothing if no name is near.
 std::string suggestion(std::string_view word, const std::vector<std::string_view>& names);
 
-} // namespace velk_play
+} // namespace velk_tools

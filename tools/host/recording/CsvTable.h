@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// A comma separated table as the recordings have it: lines that start with '#', one line of column names,
@@ -20,6 +20,7 @@ public:
     CsvTable(std::string name, std::string_view text);
 
     std::size_t rowCount() const { return rows_.size(); }
+    const std::vector<std::string>& columns() const { return columns_; }
     bool hasColumn(std::string_view column) const;
     /// The column's index. Throws when the table has no such column.
     std::size_t column(std::string_view column) const;
@@ -46,4 +47,4 @@ private:
     std::size_t lastLine_ = 0;
 };
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -1,9 +1,9 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/Scene.h"
+#include "host/scene/Scene.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 std::string Scene::rayTarget(int index) const
@@ -20,4 +20,4 @@ std::string Scene::patchName(int index) const
     return index < 0 ? std::string() : patches[static_cast<std::size_t>(index)].name;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

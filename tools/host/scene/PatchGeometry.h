@@ -3,13 +3,15 @@
 
 #pragma once
 
-#include "scene/Scene.h"
+#include "host/scene/Scene.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// The radius of the library's poking sphere, in metres; all heights are measured from its skin.
 inline constexpr float kTipRadius = 0.005f;
+/// Metres over a surface, more than those at which the library ends a recoil.
+inline constexpr float kClearOfRecoil = 0.003f;
 
 /// A rectangle in a surface's own frame.
 struct Area
@@ -30,4 +32,4 @@ float distanceTo(const Patch& patch, Vec3 point);
 /// its front.
 bool comesThrough(const Patch& patch, Vec3 from, Vec3 to);
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "scene/Scene.h"
+#include "host/scene/Scene.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 /// Reads a scene. Throws InputError with file and line, or file and key. name is what messages call the file.
@@ -19,4 +19,4 @@ Scene loadScene(const std::string& path);
 /// Throws InputError when the scene asks for a hand or a device that the recording never has.
 void checkScene(const Scene& scene, const Recording& recording);
 
-} // namespace velk_play
+} // namespace velk_tools

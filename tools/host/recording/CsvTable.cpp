@@ -1,7 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "recording/CsvTable.h"
+#include "host/recording/CsvTable.h"
 
 #include <algorithm>
 #include <charconv>
@@ -9,9 +9,9 @@
 
 #include <fmt/format.h>
 
-#include "InputError.h"
+#include "host/InputError.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -112,4 +112,4 @@ void CsvTable::failAtLine(std::size_t line, const std::string& message) const
     throw InputError(fmt::format("{}:{}: {}", name_, line, message));
 }
 
-} // namespace velk_play
+} // namespace velk_tools

@@ -1,18 +1,18 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/SceneReader.h"
+#include "host/scene/SceneReader.h"
 
 #include <algorithm>
 #include <numeric>
 
 #include <fmt/format.h>
 
-#include "InputError.h"
-#include "TextFile.h"
-#include "scene/JsonObject.h"
+#include "host/Files.h"
+#include "host/InputError.h"
+#include "host/scene/JsonObject.h"
 
-namespace velk_play
+namespace velk_tools
 {
 
 namespace
@@ -302,7 +302,7 @@ void requireHand(const Scene& scene, const std::string& key, Side side, const Re
 {
     if (!recording.hasHand(side)) {
         throw InputError(fmt::format("{}: {}: the recording '{}' has no {} hand", scene.file, key,
-                                     recording.name, kSideNames[static_cast<std::size_t>(side)]));
+                                     recording.name, nameOf(side)));
     }
 }
 
@@ -354,4 +354,4 @@ void checkScene(const Scene& scene, const Recording& recording)
     }
 }
 
-} // namespace velk_play
+} // namespace velk_tools

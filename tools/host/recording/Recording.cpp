@@ -1,11 +1,11 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "recording/Recording.h"
+#include "host/recording/Recording.h"
 
 #include <algorithm>
 
-namespace velk_play
+namespace velk_tools
 {
 
 bool Recording::hasHand(Side side) const
@@ -38,4 +38,4 @@ double Recording::handRate(Side side) const
     return last > first ? (count - 1) / (last - first) : 0;
 }
 
-} // namespace velk_play
+} // namespace velk_tools

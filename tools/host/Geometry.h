@@ -10,7 +10,7 @@
 
 /// The little geometry that a host needs of its own: placing things and turning records from one space to
 /// another.
-namespace velk_play
+namespace velk_tools
 {
 
 using Vec3 = talpVector3f;
@@ -152,4 +152,4 @@ inline Quat turnZTo(Vec3 direction, Vec3 up = {0, 1, 0})
     return fromAxes(x, cross(z, x), z);
 }
 
-} // namespace velk_play
+} // namespace velk_tools
