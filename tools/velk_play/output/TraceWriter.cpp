@@ -3,8 +3,10 @@
 
 #include "output/TraceWriter.h"
 
+#include <array>
+#include <bit>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 
 #include <fmt/format.h>
 
@@ -35,6 +37,12 @@ std::string text(Quat q)
 std::string text(const Pose& pose)
 {
     return fmt::format("{} at {}", text(pose.orientation), text(pose.position));
+}
+
+/// A zero's sign counts, and a NaN is itself.
+auto bitsOf(const Quat& q)
+{
+    return std::bit_cast<std::array<std::uint32_t, 4>>(q);
 }
 
 /// The handle, too: which numbers are given out is part of what must not change.
@@ -130,7 +138,7 @@ void TraceWriter::writeHand(const HandChain& chain, const HandView& hand)
     for (std::size_t i = 0; i < kJointNames.size(); ++i) {
         const Quat& filtered = hand.filtered.joints[i];
         file_.out() << fmt::format("  {} {}", kJointNames[i], text(filtered));
-        if (std::memcmp(&filtered, &hand.shown.joints[i], sizeof filtered) != 0) {
+        if (bitsOf(filtered) != bitsOf(hand.shown.joints[i])) {
             file_.out() << " shown " << text(hand.shown.joints[i]);
         }
         file_.out() << '\n';
