@@ -39,7 +39,7 @@ public:
 private:
     static Row makeRow(const velk_tools::HandSample& hand)
     {
-        Row row;
+        Row row{};
         row.hand.rootPose = row.palm.rootPose = hand.root;
         row.palm.handedness = hand.handedness;
         for (std::size_t i = 0; i < VELK_HAND_JOINT_COUNT; ++i) {

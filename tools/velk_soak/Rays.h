@@ -38,7 +38,7 @@ public:
             velk_RayInteractor_SetPose(ray, &pose);
             velk_RayInteractor_SetMaxRayLength(ray, 3);
             velk_Interactor_SetSelector(ray, triggers_[i]);
-            const long beat = (frameNumber + 17 * i) % 61;
+            const long beat = (frameNumber + 17L * i) % 61;
             if (beat == 20 || beat == 50) {
                 velk_Selector_Select(triggers_[i]);
             }

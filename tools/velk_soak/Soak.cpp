@@ -22,10 +22,10 @@ namespace
 
 using namespace velk_soak;
 
-constexpr int kReplacements = 4;        // in a frame of a round's second half
-constexpr long kHeapGrowth = 16 * 1024; // bytes; a block lost in each round of a million frames is 28 kB
-constexpr long kResidentGrowth = 1024;  // kilobytes, asked of long runs only: a short one still warms up
-constexpr long kLongRun = 200'000;      // frames
+constexpr int kReplacements = 4;         // in a frame of a round's second half
+constexpr long kHeapGrowth = 16L * 1024; // bytes; a block lost in each round of a million frames is 28 kB
+constexpr long kResidentGrowth = 1024;   // kilobytes, asked of long runs only: a short one still warms up
+constexpr long kLongRun = 200'000;       // frames
 
 struct Memory
 {
@@ -76,7 +76,7 @@ int main(int argc, char** argv)
         last = measure();
         first = frameNumber == frames / 10 ? last : first;
         std::printf("%8ld %13ld %13ld %12ld %8.0f\n", frameNumber, created, last.heap, last.resident,
-                    static_cast<double>(frames / 10) * CLOCKS_PER_SEC /
+                    0.1 * static_cast<double>(frames) * CLOCKS_PER_SEC /
                         static_cast<double>(std::clock() - start));
     }
 
