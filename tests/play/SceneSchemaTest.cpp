@@ -74,8 +74,8 @@ const json& schema()
 std::string complaint(const json& scene)
 {
     try {
-        velk_play::parseScene("scene", scene.dump());
-    } catch (const velk_play::InputError& error) {
+        velk_tools::parseScene("scene", scene.dump());
+    } catch (const velk_tools::InputError& error) {
         return error.what();
     }
     return "";
@@ -141,7 +141,7 @@ Words vocabulary()
 {
     Words words;
     const std::regex quoted("\"([A-Za-z]+)\"");
-    for (const auto& file : std::filesystem::directory_iterator(VELK_PLAY_DIR "/scene")) {
+    for (const auto& file : std::filesystem::directory_iterator(VELK_HOST_DIR "/scene")) {
         const std::string text = textOf(file.path());
         for (std::sregex_iterator i(text.begin(), text.end(), quoted), end; i != end; ++i) {
             words.insert((*i)[1]);

@@ -12,7 +12,7 @@ TEST(Suggestion, IsTheNearestNameIfOneIsNear)
 {
     const std::vector<std::string_view> names{"left",     "right",    "RingMid",   "RingTip",
                                               "IndexTip", "PinkyTip", "fingertips"};
-    const auto suggested = [&names](std::string_view word) { return velk_play::nearestName(word, names); };
+    const auto suggested = [&names](std::string_view word) { return velk_tools::nearestName(word, names); };
     EXPECT_EQ(suggested("fingertip"), "fingertips"); // a letter left out
     EXPECT_EQ(suggested("lefft"), "left");           // added
     EXPECT_EQ(suggested("RingMit"), "RingMid");      // exchanged
@@ -22,8 +22,8 @@ TEST(Suggestion, IsTheNearestNameIfOneIsNear)
     EXPECT_EQ(suggested("lt"), "");                  // two in a short one are another word
     EXPECT_EQ(suggested("MiddleProximal"), "");
     EXPECT_EQ(suggested(""), "");
-    EXPECT_EQ(velk_play::suggestion("lfet", names), "; did you mean left?");
-    EXPECT_EQ(velk_play::suggestion("", names), "");
+    EXPECT_EQ(velk_tools::suggestion("lfet", names), "; did you mean left?");
+    EXPECT_EQ(velk_tools::suggestion("", names), "");
 }
 
 } // namespace velk::test
