@@ -3,6 +3,7 @@
 
 // Turns bytes into calls of all exported functions. The first byte says in which order what is left at the
 // end is destroyed; then each call is the place of its function in the list of exports, and its arguments.
+#include "fuzz/AllocationFaults.h"
 #include "fuzz/ByteReader.h"
 #include "fuzz/FuzzTarget.h"
 #include "velk_capi/detail/VelkInteractable.h"
@@ -108,6 +109,18 @@ public:
         velk_PokeInteractable_GetDefaultConfig(&std::get<velk_PokeInteractableConfig>(records_));
     }
 
+    /// Where memory may end: what that leaves must be sound, and the same call works when there is some
+    /// again.
+    template <typename LibraryCall>
+    auto attempt(Name name, const LibraryCall& libraryCall)
+    {
+        return callWithFaults(libraryCall, [this, name] {
+            expect(!name.ends_with("_Destroy"),
+                   "memory that ends does not keep anything from being destroyed");
+            checkAgreement();
+        });
+    }
+
     template <typename Result, typename... Types>
     void call(Name name, Result (*function)(Types...))
     {
@@ -119,8 +132,9 @@ public:
         if (isForbidden(name) || family<Result>.live.size() == kMostOfAFamily) {
             return;
         }
-        const Result result =
-            std::apply([function](const auto&... each) { return function(each.given...); }, arguments);
+        const Result result = attempt(name, [&] {
+            return std::apply([function](const auto&... each) { return function(each.given...); }, arguments);
+        });
         if constexpr (kIsHandle<Result>) {
             enter(name, result, accepted);
         } else {
@@ -143,10 +157,11 @@ public:
         }
     }
 
-    void call(Name, VelkInteractableHandle (*getInteractable)(VelkInteractorHandle))
+    void call(Name name, VelkInteractableHandle (*getInteractable)(VelkInteractorHandle))
     {
         picked.clear();
-        const Object* met = find(getInteractable(pick<VelkInteractorHandle>()));
+        const auto interactor = pick<VelkInteractorHandle>();
+        const Object* met = find(attempt(name, [&] { return getInteractable(interactor); }));
         expect(met == nullptr || picked[0].object != nullptr, "the dead meet nobody");
     }
 
@@ -168,7 +183,8 @@ public:
         std::vector<velk_BoundsClipper> clippers(code % 4);
         std::for_each(clippers.begin(), clippers.end(), [this](auto& each) { reader.read(each); });
         if (family<VelkSurfacePatchHandle>.live.size() < kMostOfAFamily) {
-            enter(name, create(&pose, clippers.data(), static_cast<int>(clippers.size())), true);
+            const int count = static_cast<int>(clippers.size());
+            enter(name, attempt(name, [&] { return create(&pose, clippers.data(), count); }), true);
         }
     }
 
@@ -180,16 +196,21 @@ public:
         std::vector<velk_DetectionParameter> wishes(reader.byte() % 4);
         std::for_each(wishes.begin(), wishes.end(), [this](auto& each) { reader.read(each); });
         velk_DetectionParameterList list = {static_cast<int32_t>(wishes.size()), wishes.data()};
-        answer(name, update(recognizer, quantizer, isNull() ? nullptr : &list),
+        velk_DetectionParameterList* const given = isNull() ? nullptr : &list;
+        answer(name, attempt(name, [&] { return update(recognizer, quantizer, given); }),
                picked[0].object != nullptr && picked[1].object != nullptr);
     }
 
-    void call(Name, decltype(&velk_SetNativeLogCallback) setCallback)
+    void call(Name name, decltype(&velk_SetNativeLogCallback) setCallback)
     {
         void (*const log)(const char*, int, int) = [](const char* message, int, int length) {
             expect(Name(message).size() == static_cast<std::size_t>(length), "the length is the message's");
         };
-        setCallback(isNull() ? nullptr : log);
+        const auto callback = isNull() ? nullptr : log;
+        attempt(name, [&] {
+            setCallback(callback);
+            return 0;
+        });
     }
 
     /// Frame after frame, as a hand or a controller moves: bytes alone would seldom find that.
@@ -204,7 +225,8 @@ public:
         for (int frames = reader.byte() % 8; frames >= 0 && !isForbidden("_Interactor_Update"); --frames) {
             velk_RayInteractor_SetPose(handle, &pose);
             velk_PokeInteractor_SetPointTransform(handle, &pose);
-            answer("", velk_Interactor_Update(handle), picked[0].object != nullptr);
+            answer("", attempt("glide", [&] { return velk_Interactor_Update(handle); }),
+                   picked[0].object != nullptr);
             checkAgreement();
             auto& [x, y, z] = pose.position;
             pose.position = {x + step.x, y + step.y, z + step.z};
