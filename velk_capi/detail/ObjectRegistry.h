@@ -38,6 +38,21 @@ public:
         return handle;
     }
 
+    /// Inserts, then calls `finish` with the handle. What `finish` throws takes the object out again, so a
+    /// create that fails leaves nothing that can be met; only its handle is spent.
+    template <typename Finish>
+    H insert(std::shared_ptr<T> object, const Finish& finish)
+    {
+        const H handle = insert(std::move(object));
+        try {
+            finish(handle);
+        } catch (...) {
+            destroy(handle);
+            throw;
+        }
+        return handle;
+    }
+
     /// Makes a `U` without arguments and inserts it.
     template <typename U>
     H create()

@@ -148,16 +148,17 @@ namespace data_modifier
 namespace
 {
 
-VelkDataSourceHandle makeDataModifier(VelkDataModifierType type, const std::shared_ptr<HandSource>& source)
+// Empty for an unknown type.
+std::shared_ptr<HandSource> makeDataModifier(VelkDataModifierType type,
+                                             const std::shared_ptr<HandSource>& source)
 {
     switch (type) {
     case VelkDataModifierType_OneEuroHandFilter:
-        return data_source::getRegistry().insert(std::make_shared<OneEuroHandFilter>(source, true));
+        return std::make_shared<OneEuroHandFilter>(source, true);
     case VelkDataModifierType_SyntheticHand:
-        return data_source::getRegistry().insert(
-            std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config()));
+        return std::make_shared<SyntheticHand>(source, true, SyntheticHand::Config());
     }
-    return VelkDataSourceHandle_Invalid;
+    return nullptr;
 }
 
 // All modifiers count as a one euro filter, synthetic hands as well.
@@ -177,11 +178,15 @@ VelkDataSourceHandle create(VelkDataModifierType type, VelkDataSourceHandle sour
     if (!shared) {
         return kUnknownSource;
     }
-    const VelkDataSourceHandle modifier = makeDataModifier(type, shared);
-    if (data_source::isValidDataSourceHandle(modifier)) {
-        countCreation();
+    std::shared_ptr<HandSource> modifier = makeDataModifier(type, shared);
+    if (!modifier) {
+        return VelkDataSourceHandle_Invalid;
     }
-    return modifier;
+    return data_source::getRegistry().insert(std::move(modifier), [](VelkDataSourceHandle handle) {
+        if (data_source::isValidDataSourceHandle(handle)) {
+            countCreation();
+        }
+    });
 }
 
 } // namespace data_modifier

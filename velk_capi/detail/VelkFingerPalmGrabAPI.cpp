@@ -42,14 +42,15 @@ std::weak_ptr<FingerPalmGrabAPI> GetAPIFromHandle(VelkPalmGrabAPIHandle handle)
 
 VelkPalmGrabAPIHandle create()
 {
-    const VelkPalmGrabAPIHandle handle = internal::getRegistry().create<FingerPalmGrabAPI>();
-    if (handle == VelkPalmGrabAPIHandle_Invalid) {
-        common::log::logWithTag(common::log::kError, common::log::kTag, kSource,
-                                "ERROR velk::capi::fingerpalmgrab_api::  invalid handle returned");
-    } else {
-        velk::telemetry::incrementValue("brenna_velk_feature_used_event", "handgrab_count");
-    }
-    return handle;
+    return internal::getRegistry().insert(
+        std::make_shared<FingerPalmGrabAPI>(), [](VelkPalmGrabAPIHandle handle) {
+            if (handle == VelkPalmGrabAPIHandle_Invalid) {
+                common::log::logWithTag(common::log::kError, common::log::kTag, kSource,
+                                        "ERROR velk::capi::fingerpalmgrab_api::  invalid handle returned");
+            } else {
+                velk::telemetry::incrementValue("brenna_velk_feature_used_event", "handgrab_count");
+            }
+        });
 }
 
 int32_t destroy(VelkPalmGrabAPIHandle api)

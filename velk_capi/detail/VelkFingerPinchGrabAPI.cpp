@@ -59,14 +59,15 @@ int32_t UpdateData(VelkPinchGrabAPIHandle handle, const velk_HandPinchData* data
 
 VelkPinchGrabAPIHandle create()
 {
-    const VelkPinchGrabAPIHandle handle = internal::getRegistry().create<FingerPinchGrabAPI>();
-    if (handle == VelkPinchGrabAPIHandle_Invalid) {
-        common::log::logWithTag(common::log::kError, common::log::kTag, kSource,
-                                "ERROR velk::capi::fingerpinchgrab_api::  invalid handle returned");
-    } else {
-        velk::telemetry::incrementValue("brenna_velk_feature_used_event", "handgrab_count");
-    }
-    return handle;
+    return internal::getRegistry().insert(
+        std::make_shared<FingerPinchGrabAPI>(), [](VelkPinchGrabAPIHandle handle) {
+            if (handle == VelkPinchGrabAPIHandle_Invalid) {
+                common::log::logWithTag(common::log::kError, common::log::kTag, kSource,
+                                        "ERROR velk::capi::fingerpinchgrab_api::  invalid handle returned");
+            } else {
+                velk::telemetry::incrementValue("brenna_velk_feature_used_event", "handgrab_count");
+            }
+        });
 }
 
 int32_t destroy(VelkPinchGrabAPIHandle api)

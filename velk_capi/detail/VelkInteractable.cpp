@@ -31,9 +31,10 @@ ReverseLookUpRegistry& getReverseLookUpRegistry()
 
 VelkInteractableHandle insert(std::shared_ptr<interaction::IInteractable> object)
 {
-    const VelkInteractableHandle handle = internal::getRegistry().insert(std::move(object));
-    internal::getReverseLookUpRegistry().emplace(internal::getRegistry().getRawPointer(handle), handle);
-    return handle;
+    const interaction::IInteractable* const pointer = object.get();
+    return internal::getRegistry().insert(std::move(object), [pointer](VelkInteractableHandle handle) {
+        internal::getReverseLookUpRegistry().emplace(pointer, handle);
+    });
 }
 
 std::shared_ptr<interaction::IInteractable> getPtr(VelkInteractableHandle interactable)

@@ -109,17 +109,8 @@ const char* outcome(bool success)
     return success ? "SUCCESS" : "FAILED";
 }
 
-int initializeTelemetry()
+int startSender()
 {
-    if (telemetryDisabled) {
-        return kNotInitialized;
-    }
-    if (isInitialized()) {
-        return kInitialized;
-    }
-
-    setupTelemetryCache();
-
     log::logWithTag(log::kInfo, log::kTag, kSource, "Attempting to initialize telemetry sender...");
     telemetrySender = std::make_unique<TelemetrySender>(telemetryCache, kTelemetrySendInterval);
     log::logWithTag(log::kInfo, log::kTag, kSource, "Telemetry sender initialization result: %s",
@@ -132,6 +123,25 @@ int initializeTelemetry()
     const bool started = telemetrySender && telemetrySender->startSendingThread();
     log::logWithTag(log::kInfo, log::kTag, kSource, "Starting sending thread, result: %s", outcome(started));
     return started ? kInitialized : kStartFailed;
+}
+
+int initializeTelemetry()
+{
+    if (telemetryDisabled) {
+        return kNotInitialized;
+    }
+    if (isInitialized()) {
+        return kInitialized;
+    }
+
+    try {
+        setupTelemetryCache();
+        return startSender();
+    } catch (...) {
+        guid.clear(); // the next use begins anew
+        telemetrySender.reset();
+        throw;
+    }
 }
 
 template <typename T>

@@ -106,15 +106,17 @@ UpdateValueResult TelemetryCache::incrementValue(const std::string& event, const
     if (!isEventOnAllowList(event)) {
         return UpdateValueResult::EventNotAllowed;
     }
-    incrementValueInternal(event, field, bump);
+    // What may run out of memory comes first, so that an increment that fails counts in neither event.
+    static_cast<void>(values_[event][field]);
+    dirtyEvents_.insert(event);
     if (isDuplexedEvent(event)) {
         const std::string& duplexEvent = duplexEvents_.at(event);
         // A field without a declared duplex field bumps the field with the empty name.
         const std::string& duplexField = duplexFields_[{event, field}];
-        incrementValueInternal(duplexEvent, duplexField, bump);
         dirtyEvents_.insert(duplexEvent);
+        incrementValueInternal(duplexEvent, duplexField, bump);
     }
-    dirtyEvents_.insert(event);
+    incrementValueInternal(event, field, bump);
     return UpdateValueResult::Incremented;
 }
 
