@@ -49,12 +49,12 @@ public:
         if (state_ == InteractableState::Disabled) {
             return;
         }
-        // Copies: each removal changes the set.
-        for (TInteractor* interactor : Interactors(selectingInteractors_)) {
-            removeSelectingInteractor(interactor);
+        // Counted, as each removal changes the set; a copy could run out of memory in a destructor.
+        for (auto left = selectingInteractors_.size(); left > 0 && !selectingInteractors_.empty(); --left) {
+            removeSelectingInteractor(*selectingInteractors_.begin());
         }
-        for (TInteractor* interactor : Interactors(interactors_)) {
-            removeInteractor(interactor);
+        for (auto left = interactors_.size(); left > 0 && !interactors_.empty(); --left) {
+            removeInteractor(*interactors_.begin());
         }
         // Not through setState(): the way into Disabled is silent, the way out of it is not.
         state_ = InteractableState::Disabled;

@@ -150,8 +150,13 @@ private:
         }
         unsetInteractable();
         interactable_ = target;
-        interactable()->addInteractor(getInteractorPtr());
-        interactableSet(static_cast<TInteractable*>(target));
+        try {
+            interactable()->addInteractor(getInteractorPtr());
+            interactableSet(static_cast<TInteractable*>(target));
+        } catch (...) {
+            unsetInteractable();
+            throw;
+        }
     }
 
     // The two releases clear the field before the removal, which comes back through
@@ -171,8 +176,13 @@ private:
     {
         unselect();
         selectedInteractable_ = target;
-        selectedInteractable()->addSelectingInteractor(getInteractorPtr());
-        interactableSelected(static_cast<TInteractable*>(target));
+        try {
+            selectedInteractable()->addSelectingInteractor(getInteractorPtr());
+            interactableSelected(static_cast<TInteractable*>(target));
+        } catch (...) {
+            unselectInteractable();
+            throw;
+        }
     }
 
     void unselectInteractable() override

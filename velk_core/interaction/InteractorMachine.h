@@ -82,6 +82,12 @@ public:
     }
     void unsubscribeToWhenPostprocessed(uint32_t token) override { whenPostprocessed_.unsubscribe(token); }
 
+    /// Moves a subscription to another interactor's here, also while memory is short.
+    uint32_t takeOverWhenPostprocessed(InteractorMachine& former, uint32_t token)
+    {
+        return whenPostprocessed_.takeOver(former.whenPostprocessed_, token);
+    }
+
     WhenStateChanged::HandlerToken
     registerWhenStateChangedHandler(std::function<void(InteractorStateChangeArgs)>&& handler)
     {

@@ -21,12 +21,9 @@ void SelectorQueue::setSelector(std::shared_ptr<ISelector>&& selector)
     if (selector == selector_) {
         return;
     }
-    unsubscribe();
-    // The former selector goes last, in case that this was its only owner.
-    const std::shared_ptr<ISelector> former = std::exchange(selector_, std::move(selector));
-    if (selector_ != nullptr) {
-        stored_ = subscribe();
-    }
+    // The new subscriptions are the one step that can fail, so they come before any change.
+    stored_ = selector != nullptr ? subscribe(selector) : Subscriptions();
+    selector_ = std::move(selector);
 }
 
 void SelectorQueue::subscribeAgain()
@@ -35,7 +32,7 @@ void SelectorQueue::subscribeAgain()
         return;
     }
     clear();
-    again_.push_back(subscribe());
+    again_.push_back(subscribe(selector_));
 }
 
 void SelectorQueue::unsubscribe()
@@ -49,13 +46,13 @@ void SelectorQueue::take(bool selected)
     commands_.erase(commands_.begin(), std::find(commands_.begin(), commands_.end(), !selected));
 }
 
-SelectorQueue::Subscriptions SelectorQueue::subscribe() const
+SelectorQueue::Subscriptions SelectorQueue::subscribe(const std::shared_ptr<ISelector>& selector) const
 {
     Subscriptions made;
     made.selected = Subscription::with<&ISelector::unsubscribeToWhenSelected>(
-        selector_, selector_->subscribeToWhenSelected(std::function<void()>(handleSelected_)));
+        selector, selector->subscribeToWhenSelected(std::function<void()>(handleSelected_)));
     made.unselected = Subscription::with<&ISelector::unsubscribeToWhenUnselected>(
-        selector_, selector_->subscribeToWhenUnselected(std::function<void()>(handleUnselected_)));
+        selector, selector->subscribeToWhenUnselected(std::function<void()>(handleUnselected_)));
     return made;
 }
 

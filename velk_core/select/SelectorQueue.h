@@ -50,7 +50,7 @@ private:
         utility::Subscription unselected;
     };
 
-    Subscriptions subscribe() const;
+    Subscriptions subscribe(const std::shared_ptr<ISelector>& selector) const;
 
     std::function<void()> handleSelected_;
     std::function<void()> handleUnselected_;

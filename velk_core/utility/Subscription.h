@@ -81,8 +81,8 @@ public:
         }
     }
 
-    /// Forgets it without ending it, for when the other side has gone first.
-    void release() { token_ = kNoToken; }
+    /// Forgets it without ending it, for when the other side has gone first. Returns its token.
+    uint32_t release() { return std::exchange(token_, kNoToken); }
 
     bool isHeld() const { return token_ != kNoToken; }
     bool isExpired() const { return isGuarded_ && guard_.expired(); }

@@ -37,7 +37,12 @@ public:
     void onEnable() override
     {
         Base::onEnable();
-        registerPointableElement(std::shared_ptr<IPointableElement>(pointableElement_));
+        try {
+            registerPointableElement(std::shared_ptr<IPointableElement>(pointableElement_));
+        } catch (...) {
+            Base::onDisable();
+            throw;
+        }
     }
 
     /// After this the element is gone for good; a later onEnable() has none to register.

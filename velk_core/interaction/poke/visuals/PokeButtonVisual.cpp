@@ -89,20 +89,26 @@ void PokeButtonVisual::handleInteractorRemoved(PokeInteractor* interactor)
     if (interactor != monitoredInteractor_) {
         return;
     }
-    stopMonitoring();
     const auto interactable = pokeInteractable_.lock();
     if (interactable != nullptr && interactable->getInteractorsCount() != 0) {
         monitor(*interactable->getInteractors().begin());
         return;
     }
+    stopMonitoring();
     updateVisualPosition();
 }
 
 void PokeButtonVisual::monitor(PokeInteractor* interactor)
 {
+    // From one finger to the next the subscription moves: that happens in destructors too, which have no
+    // memory to ask for.
+    const uint32_t token = monitoredInteractor_ != nullptr
+                               ? interactor->takeOverWhenPostprocessed(
+                                     *monitoredInteractor_, interactorPostprocessHandler_.release())
+                               : interactor->subscribeToWhenPostprocessed([this] { updateVisualPosition(); });
+    interactorPostprocessHandler_ =
+        Subscription::with<&PokeInteractor::unsubscribeToWhenPostprocessed>(*interactor, token);
     monitoredInteractor_ = interactor;
-    interactorPostprocessHandler_ = Subscription::with<&PokeInteractor::unsubscribeToWhenPostprocessed>(
-        *interactor, interactor->subscribeToWhenPostprocessed([this] { updateVisualPosition(); }));
 }
 
 void PokeButtonVisual::stopMonitoring()
