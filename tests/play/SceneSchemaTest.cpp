@@ -15,8 +15,8 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-#include "InputError.h"
-#include "scene/SceneReader.h"
+#include "host/InputError.h"
+#include "host/scene/SceneReader.h"
 
 #if __has_include(<valijson/validator.hpp>)
 #include <valijson/adapters/nlohmann_json_adapter.hpp>

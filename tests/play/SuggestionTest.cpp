@@ -1,7 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "scene/Suggestion.h"
+#include "host/scene/Suggestion.h"
 
 #include <gtest/gtest.h>
 
