@@ -12,7 +12,7 @@ float manualSeconds = 0;
 namespace velk::core
 {
 
-float TimeProvider::now()
+double TimeProvider::reading()
 {
     return timeFunction_();
 }

@@ -181,6 +181,50 @@ TEST_F(Curve, ReportsTheEasedEnd)
     EXPECT_EQ(custom.progress(), 3.0f);
 }
 
+TEST_F(Curve, OfAFloatClockMeasuresInFloats)
+{
+    const auto raw = [](float x) { return x; };
+    const auto finished = [](float x) { return 0.0f > x || x >= 1.0f ? 1.0f : x; };
+    for (const float duration : {0.05f, 0.1f, 0.7f}) {
+        ProgressCurve started(raw, duration, clock);
+        ProgressCurve ended(raw, duration, clock);
+        for (float begin = 0.001f; begin < 1e6f; begin *= 1.37f) {
+            time = begin;
+            started.start();
+            ended.end();
+            for (int step = 0; step < 50; ++step) {
+                time = begin + 0.003f * static_cast<float>(step);
+                EXPECT_EQ(started.progress(), finished((time - begin) / duration)) << begin;
+                EXPECT_EQ(ended.progress(), finished((time - (begin - duration)) / duration)) << begin;
+            }
+        }
+    }
+}
+
+TEST(CurveOfADoubleClock, IsAsFineAfterAYearAsAfterAMinute)
+{
+    double time = 0.0;
+    core::TimeProvider clock([&time] { return time; });
+    ProgressCurve curve(0.1f, clock);
+    const auto play = [&](double begin) {
+        std::vector<float> values;
+        time = begin;
+        curve.end();
+        values.push_back(curve.progress());
+        curve.start();
+        for (int frame = 0; frame < 12; ++frame) {
+            time = begin + frame / 90.0;
+            values.push_back(curve.progress());
+        }
+        return values;
+    };
+    const std::vector<float> young = play(60.0);
+    EXPECT_EQ(young.front(), 1.0f);
+    EXPECT_EQ(young.back(), 1.0f);
+    EXPECT_THAT(play(365 * 86400.0), testing::Pointwise(testing::FloatNear(1e-6f), young));
+    EXPECT_EQ(clock.now(), static_cast<float>(time));
+}
+
 TEST_F(Curve, ACopyKeepsTheRunningStateAndTheClock)
 {
     core::TimeProvider frozen([] { return 0.0f; });

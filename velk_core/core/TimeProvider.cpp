@@ -12,22 +12,21 @@ namespace velk::core
 namespace
 {
 
-// Time zero is the library's load: a float has its best resolution near zero.
+// Time zero is the library's load: floating point has its best resolution near zero.
 const std::chrono::steady_clock::time_point DEFAULT_TIME_PROVIDER_START_TIME =
     std::chrono::steady_clock::now();
 
-float secondsSinceLoad()
+double secondsSinceLoad()
 {
-    const std::chrono::nanoseconds elapsed =
-        std::chrono::steady_clock::now() - DEFAULT_TIME_PROVIDER_START_TIME;
-    return static_cast<float>(elapsed.count()) / 1000000000.0f;
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - DEFAULT_TIME_PROVIDER_START_TIME)
+        .count();
 }
 
 common::NeverDestroyed<TimeProvider> DEFAULT_TIME_PROVIDER{secondsSinceLoad};
 
 } // namespace
 
-float TimeProvider::now()
+double TimeProvider::reading()
 {
     const std::lock_guard<std::mutex> lock(mutex_);
     return timeFunction_();

@@ -35,17 +35,17 @@ ProgressCurve::ProgressCurve(std::function<float(float)> easingFunction, float d
 
 void ProgressCurve::start()
 {
-    startTime_ = timeProvider_->now();
+    startTime_ = timeProvider_->reading();
 }
 
 void ProgressCurve::end()
 {
-    startTime_ = timeProvider_->now() - duration_;
+    startTime_ = timeProvider_->readingBefore(duration_);
 }
 
 float ProgressCurve::progress()
 {
-    float x = (timeProvider_->now() - startTime_) / duration_;
+    float x = static_cast<float>(timeProvider_->reading() - startTime_) / duration_;
     // Not a clamp: a clock before the start reads as finished, and a NaN goes on to the easing.
     if (0.0f > x || x >= 1.0f) {
         x = 1.0f;

@@ -34,7 +34,7 @@ public:
 private:
     std::function<float(float)> easingFunction_;
     float duration_;
-    float startTime_ = 0.0f;
+    double startTime_ = 0.0; // a float would be too coarse for a clock that has run for days
     AssignableRef<core::TimeProvider> timeProvider_;
 };
 
