@@ -11,6 +11,14 @@
 #include <atomic>
 #include <cstdlib>
 #include <gmock/gmock.h>
+#include <optional>
+#include <thread>
+
+#if !defined(_WIN32)
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 #include <string>
 #include <string_view>
@@ -72,6 +80,53 @@ TEST(TelemetrySender, ThreadPassesWhileTheHostCounts)
     }
     log::resetLoggingFunction();
 }
+
+#if !defined(_WIN32)
+
+TEST(TelemetrySender, ThreadLeavesTheHostItsSignals)
+{
+    TelemetryCache cache;
+    TelemetrySender sender(cache, 0.0F);
+    sender.startSendingThread();
+    sigset_t usr1;
+    sigemptyset(&usr1);
+    sigaddset(&usr1, SIGUSR1);
+    pthread_sigmask(SIG_BLOCK, &usr1, nullptr);
+    kill(getpid(), SIGUSR1); // ends the process if any thread takes it
+    int received = 0;
+    sigwait(&usr1, &received);
+    EXPECT_EQ(received, SIGUSR1);
+    pthread_sigmask(SIG_UNBLOCK, &usr1, nullptr);
+}
+
+TEST(TelemetrySender, ForkedChildrenCountAndEnd)
+{
+    const velk::test::CapturedLog silent(log::kError);
+    TelemetryCache cache;
+    cache.addEventToAllowList("event");
+    std::optional<TelemetrySender> sender(std::in_place, cache, 0.0F);
+    sender->startSendingThread();
+    // Holds the mutex most of the time, so that most forks meet it held.
+    const std::jthread counting([&cache](const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+            cache.incrementValue("event", "count");
+        }
+    });
+    int status = 0;
+    for (int child = 0; child < 100 && status == 0; ++child) {
+        const pid_t process = fork();
+        if (process == 0) {
+            alarm(10); // ends a child that hangs
+            cache.incrementValue("event", "count");
+            sender.reset();
+            _exit(0);
+        }
+        waitpid(process, &status, 0);
+    }
+    EXPECT_EQ(status, 0);
+}
+
+#endif
 
 TEST(Telemetry, PassReportsTheWholeEventsThatCountedAndResetsThem)
 {

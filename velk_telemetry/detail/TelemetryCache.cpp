@@ -5,6 +5,10 @@
 
 #include <mutex>
 
+#if !defined(_WIN32)
+#include <pthread.h>
+#endif
+
 namespace velk::telemetry
 {
 namespace
@@ -19,6 +23,22 @@ constexpr int kNothingToProcess = 2;
 constexpr int kUnknownEvent = -2;
 
 std::mutex dataAccessMutex;
+
+#if !defined(_WIN32)
+void lockTables()
+{
+    dataAccessMutex.lock();
+}
+
+void unlockTables()
+{
+    dataAccessMutex.unlock();
+}
+
+// A child made by fork lacks the sending thread, which might else have left the tables half changed and the
+// mutex locked for ever.
+[[maybe_unused]] const int forkHandlers = pthread_atfork(lockTables, unlockTables, unlockTables);
+#endif
 
 struct Bump
 {

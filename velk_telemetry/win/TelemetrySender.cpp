@@ -10,6 +10,11 @@
 #include <string>
 #include <string_view>
 
+#if !defined(_WIN32)
+#include <csignal>
+#include <unistd.h>
+#endif
+
 namespace velk::telemetry
 {
 namespace
@@ -17,9 +22,51 @@ namespace
 
 namespace log = velk::common::log;
 
-constexpr const char* kSource = "velk_telemetry/win/TelemetrySender.cpp";
+constexpr const char* kSenderSource = "velk_telemetry/win/TelemetrySender.cpp";
 
 constinit std::atomic<int> keepThreadAliveSignal = 1;
+
+#if defined(_WIN32)
+
+struct SignalsBlocked
+{
+};
+
+int currentProcess()
+{
+    return 0; // nothing forks
+}
+
+#else
+
+/// Blocks the signals of the calling thread, and of a thread that it starts meanwhile, but for faults: the
+/// host's own threads handle signals or wait for them.
+class SignalsBlocked
+{
+public:
+    SignalsBlocked()
+    {
+        sigset_t blocked;
+        sigfillset(&blocked);
+        for (const int fault : {SIGBUS, SIGFPE, SIGILL, SIGSEGV}) {
+            sigdelset(&blocked, fault);
+        }
+        pthread_sigmask(SIG_SETMASK, &blocked, &before_);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+private:
+    sigset_t before_ = {};
+};
+
+int currentProcess()
+{
+    return getpid();
+}
+
+#endif
 
 class PrintNameAndValue
 {
@@ -31,14 +78,14 @@ public:
 
     void operator()(int value) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %i", name_.c_str(), value);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %i", name_.c_str(), value);
     }
 
     void operator()(float value) const { (*this)(static_cast<double>(value)); }
 
     void operator()(double value) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %f", name_.c_str(), value);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %f", name_.c_str(), value);
     }
 
     void operator()(const std::string& value) const { printText(value.c_str()); }
@@ -48,7 +95,7 @@ public:
 private:
     void printText(const char* text) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSource, "%s : %s", name_.c_str(), text);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %s", name_.c_str(), text);
     }
 
     std::string name_;
@@ -59,7 +106,8 @@ class PrintValuesEventProcessor : public IEventProcessor
 public:
     void prepareEvent(std::string_view eventName) override
     {
-        log::logWithTag(log::kInfo, log::kTag, kSource, "Sending Event: %s", std::string(eventName).c_str());
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "Sending Event: %s",
+                        std::string(eventName).c_str());
     }
 
     void processField(std::string_view fieldName, Value value) override
@@ -69,7 +117,7 @@ public:
 
     int finalizeEvent() override
     {
-        log::logWithTag(log::kInfo, log::kTag, kSource, "finalizeEvent");
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "finalizeEvent");
         return 1;
     }
 };
@@ -79,9 +127,9 @@ void sendTelemetryAtInterval(const TelemetrySender& sender, float interval)
     const auto pause =
         std::chrono::duration_cast<std::chrono::seconds>(std::chrono::duration<float>(interval));
     while (keepThreadAliveSignal.load() >= 1) {
-        log::logWithTag(log::kDebug, log::kTag, kSource, "Attempting to send");
+        log::logWithTag(log::kDebug, log::kTag, kSenderSource, "Attempting to send");
         const int result = sender.send();
-        log::logWithTag(log::kDebug, log::kTag, kSource, "Send Result: %i", result);
+        log::logWithTag(log::kDebug, log::kTag, kSenderSource, "Send Result: %i", result);
         std::this_thread::yield();
         std::this_thread::sleep_for(pause);
     }
@@ -98,11 +146,17 @@ TelemetrySender::TelemetrySender(TelemetryCache& cache, float sendInterval)
 
 TelemetrySender::~TelemetrySender()
 {
-    if (sendingThread_) {
-        keepThreadAliveSignal.store(0);
-        sendingThread_->join();
+    if (!sendingThread_) {
+        return;
     }
-    sendingThread_.reset();
+    if (process_ != currentProcess()) {
+        // A child of fork has no such thread to join; a std::thread that is neither joined nor left alone
+        // ends the process.
+        [[maybe_unused]] static const std::thread* const leftInParent = sendingThread_.release();
+        return;
+    }
+    keepThreadAliveSignal.store(0);
+    sendingThread_->join();
 }
 
 TelemetrySender& TelemetrySender::operator=(TelemetrySender&& other) noexcept
@@ -111,12 +165,15 @@ TelemetrySender& TelemetrySender::operator=(TelemetrySender&& other) noexcept
     sendInterval_ = other.sendInterval_;
     configuredInterval_ = other.configuredInterval_;
     sendingThread_ = std::move(other.sendingThread_);
+    process_ = other.process_;
     return *this;
 }
 
 bool TelemetrySender::startSendingThread()
 {
     keepThreadAliveSignal.store(1);
+    process_ = currentProcess();
+    [[maybe_unused]] const SignalsBlocked signalsBlocked;
     sendingThread_ = std::make_unique<std::thread>([this] { sendTelemetryAtInterval(*this, sendInterval_); });
     return sendingThread_ != nullptr;
 }

@@ -19,7 +19,8 @@ public:
     /// The interval is in seconds, of which the thread drops the fraction.
     TelemetrySender(TelemetryCache& cache, float sendInterval);
 
-    /// Joins the thread, which ends only when its sleep does: this takes up to one interval.
+    /// Joins the thread, which ends only when its sleep does: this takes up to one interval. In a child made
+    /// by fork, which has no such thread, it does nothing.
     ~TelemetrySender();
 
     TelemetrySender(const TelemetrySender&) = delete;
@@ -28,8 +29,8 @@ public:
     /// Moves the contents of the other's cache into this one's. Neither may have a thread that runs.
     TelemetrySender& operator=(TelemetrySender&& other) noexcept;
 
-    /// Makes the first pass at once, the others an interval apart. Throws std::system_error if no thread can
-    /// be had.
+    /// Makes the first pass at once, the others an interval apart. The thread takes no signals but faults.
+    /// Throws std::system_error if no thread can be had.
     bool startSendingThread();
 
     /// One pass: prints the dirty events and resets them, whatever the outcome. Returns 1 when at least one
@@ -41,6 +42,7 @@ private:
     float sendInterval_;                        // seconds
     [[maybe_unused]] float configuredInterval_; // seconds; the interval as first given, read by nobody
     std::unique_ptr<std::thread> sendingThread_;
+    int process_ = 0; // the one that has the thread
 };
 
 } // namespace velk::telemetry
