@@ -165,9 +165,10 @@ std::shared_ptr<HandSource> makeDataModifier(VelkDataModifierType type,
 void countCreation()
 {
     const auto result = telemetry::incrementValue(kCreateEvent, kCreateFeature);
-    common::log::logWithTag(common::log::kDebug, common::log::kTag, "velk_capi/detail/VelkDataSource.cpp",
-                            "incrementValue event: %s, feature: %s, result: %i", kCreateEvent, kCreateFeature,
-                            static_cast<int>(result));
+    velk::common::log::logWithTag(velk::common::log::kDebug, velk::common::log::kTag,
+                                  "velk_capi/detail/VelkDataSource.cpp",
+                                  "incrementValue event: %s, feature: %s, result: %i", kCreateEvent,
+                                  kCreateFeature, static_cast<int>(result));
 }
 
 } // namespace

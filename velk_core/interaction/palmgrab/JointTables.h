@@ -21,7 +21,7 @@ public:
     constexpr JointList(std::initializer_list<HandJointId> joints)
         : size_(joints.size())
     {
-        std::copy(joints.begin(), joints.end(), joints_.begin());
+        std::ranges::copy(joints, joints_.data());
     }
 
     constexpr std::span<const HandJointId> joints() const { return {joints_.data(), size_}; }
