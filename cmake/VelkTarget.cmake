@@ -15,9 +15,12 @@ function(velk_set_target_options target)
         endif()
     else()
         # Contraction off: a fused multiply-add where the source has two roundings would make results differ
-        # between compilers and processors.
+        # between compilers and processors. g++'s vectorisers fuse all the same, where products are added and
+        # subtracted in turn. math/Functions.h refuses fast arithmetic by its macros; clang has none for this one.
         target_compile_options(${target} PRIVATE
-            -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off)
+            -Wall -Wextra -Wpedantic -Wshadow -Wconversion -ffp-contract=off
+            $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize>
+            $<$<CXX_COMPILER_ID:Clang,AppleClang>:-fno-unsafe-math-optimizations>)
         if(VELK_WARNINGS_AS_ERRORS)
             target_compile_options(${target} PRIVATE -Werror)
         endif()

@@ -7,6 +7,10 @@
 #include <cstring>
 #include <limits>
 
+#if defined(__FAST_MATH__) || defined(__RECIPROCAL_MATH__) || defined(_M_FP_FAST) || __FINITE_MATH_ONLY__ + 0
+#error "velk: build without -ffast-math, -Ofast, -funsafe-math-optimizations and /fp:fast, which change its answers"
+#endif
+
 // Every function whose last bit depends on the C library is called here and nowhere else. With
 // VELK_PORTABLE_MATH=1 the trigonometric ones are computed in double and rounded once, and the fused
 // multiply-add is put together from plain arithmetic, so that results agree between platforms.
