@@ -16,9 +16,8 @@ configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/velkConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/velkConfig.cmake
     INSTALL_DESTINATION ${package_dir}
     NO_SET_AND_CHECK_MACRO)
-# Below 1.0 a new minor number may break the interface.
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/velkConfigVersion.cmake
-    COMPATIBILITY SameMinorVersion)
+    COMPATIBILITY SameMajorVersion)
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/velkConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/velkConfigVersion.cmake
