@@ -23,7 +23,9 @@
  *     counts from 0 upward, so 0 is a handle like any other and "none" is -1 (Velk..._Invalid). Numbers
  *     of different families are unrelated: interactor 3 has nothing to do with interactable 3, and
  *     passing one where the other is wanted is noticed by the compiler at best. A destroyed handle is
- *     not given out again until the family's 32-bit counter has come round.
+ *     not given out again until the family's 32-bit counter has come round. After 2147483648 creations
+ *     in one family the counter goes on with negative numbers, -1 among them, which then don't mean
+ *     failure or none: a host that makes 100 patches a frame, 90 times a second, is there after 66 hours.
  *
  *  2. Results. Functions return 0 for success and -1 for failure; creating functions return the new
  *     handle, or a negative value. The few further codes stand with their functions: -2 and -3 of the
@@ -53,7 +55,9 @@
  *     boxes, clippers and proximity fields, are full widths.
  *
  *  9. Numbers are not checked. NaN and infinity go through like any other value; the comments say where
- *     that matters.
+ *     that matters. velk computes in the caller's floating-point environment and expects the usual one:
+ *     rounding to nearest, and exceptions masked. Other rounding gives other answers; a host that has
+ *     unmasked overflow, division by zero or invalid operations gets SIGFPE in ordinary pinches.
  *
  * 10. Threads. One thread at a time may call the library, usually the one that runs the frame loop;
  *     nothing is locked. A call does all its work before it returns, and velk calls back into the host at
@@ -79,8 +83,17 @@
  *     seconds, whether anything was counted, and prints it to the standard error stream. Nothing leaves
  *     the process: velk has no network code. From then on, ending the process by exit or by returning
  *     from main, or unloading the library with dlclose, waits until that thread next wakes: up to 10
- *     seconds. (quick_exit and _Exit don't wait.) A host that uses none of the four has neither the
- *     thread nor the wait.
+ *     seconds. To leave at once, destroy what must be, flush what was written, and end the process by
+ *     _Exit or quick_exit in C, by os._exit(0) in Python, which don't wait. A host that uses none of the
+ *     four has neither the thread nor the wait. The thread takes no signals but faults, and a child made
+ *     by fork hasn't got it: there counts are taken, never printed, and nothing waits.
+ *
+ *     Three lines are printed by the first counted call itself. Printing can't be switched off, and takes
+ *     the stream as it is. While standard error is a pipe that is full and that nobody reads, the first
+ *     counted call blocks, and so does the exit once the thread has something to print, until it is read.
+ *     A pipe whose reader has gone raises SIGPIPE in that call, which ends the process unless the host
+ *     ignores it; the thread's lines are just lost. If descriptor 2 is closed and a file of the host's
+ *     takes its number, the lines go into that file: open the null device there instead.
  *
  * 15. Order decides ties. Interactables are looked at in the order of their creation, on every platform and
  *     in every run, so of two that are equally good the same one always wins: which, the families say.
@@ -723,7 +736,9 @@ VELK_API int32_t velk_PokeButtonVisual_GetCurrentPose(VelkPokeButtonVisualHandle
  *    glides from there: set a record before the first update.
  *  - Rotations are normalised on the way in. A rotation of zeros as the first sample stays as the filter's
  *    value for good.
- *  - Values with a NaN or infinite component pass through, with their filter's state untouched.
+ *  - Values with a NaN or infinite component pass through, with their filter's state untouched. A
+ *    finite position that overflows a float when its difference from the last is multiplied by the update
+ *    rate (1e38, say) does harm: that filter's position stays NaN for good.
  *
  * The synthetic hand holds the wrist where a velk_HandPokeLimiterVisual_ puts it and passes the rest through.
  * It eases over 0.1 s when let go. A hand first updated in the first 0.1 s after the library was loaded eases
