@@ -8,7 +8,7 @@
 #include <limits>
 
 #if defined(__FAST_MATH__) || defined(__RECIPROCAL_MATH__) || defined(_M_FP_FAST) || __FINITE_MATH_ONLY__ + 0
-#error "velk: build without -ffast-math, -Ofast, -funsafe-math-optimizations and /fp:fast, which change its answers"
+#error "velk: build without -ffast-math and its like: -Ofast, -funsafe-math-optimizations, /fp:fast"
 #endif
 
 // Every function whose last bit depends on the C library is called here and nowhere else. With
