@@ -8,6 +8,30 @@ namespace velk::test
 
 using PokePress = PokeScene;
 
+// In the order of the table in PokeInteractor.cpp: what comes before, and the frame of the row.
+TEST_F(PokePress, EachRowOfTheTableOfTheCourse)
+{
+    using enum interaction::InteractorState;
+    for (const auto& [before, row, state, recoiled] :
+         {std::tuple{"0,10:HM", "0,-1:(SM", Select, false},                 // crosses inward
+          {"0,10:HM 0,-1:(SM", "0,3:)sM", Hover, false},                    // rises
+          {"0,10:HM 0,-1:(SM", "0,-257:C)sh", Normal, false},               // too deep
+          {"0,10:HM 0,-1:(SM", "88,-1:C)sh", Normal, false},                // too far along
+          {"0,10:HM 0,-40:(SM", "0,-23:sM", Hover, true},                   // retreats
+          {"0,10:HM 0,-40:(SM 0,-23:sM 0,-20:M", "0,-37:SM", Select, true}, // goes in again
+          {"0,10:HM 0,-40:(SM 0,-23:sM", "0,3:)M", Hover, false},           // rises
+          {"0,10:HM 0,-40:(SM 0,-23:sM", "0,-257:C)M", Hover, false},       // too deep
+          {"0,10:HM 0,-40:(SM 0,-23:sM", "88,-23:C)M", Hover, false}}) {    // too far along
+        add();
+        EXPECT_PLAYS(finger, before);
+        EXPECT_PLAYS(finger, row) << before;
+        EXPECT_EQ(finger->getState(), state) << row;
+        EXPECT_EQ(finger->isPassedSurface(), state == Select || recoiled) << row;
+        park(); // a recoil ends here, the hover in the next frame
+        clear();
+    }
+}
+
 // Begin.
 
 TEST_F(PokePress, BeginsAtFirstContactOfTheSkin)

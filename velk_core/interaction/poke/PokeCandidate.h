@@ -12,17 +12,17 @@ namespace velk::interaction
 /// A surface that a finger could hover or press, with what it is ranked by.
 struct PokeCandidate
 {
-    PokeInteractable* interactable = nullptr; ///< null: none found yet
-    float distance = std::numeric_limits<float>::max();
-    float tangent = std::numeric_limits<float>::max();
+    PokeInteractable* interactable = nullptr;           ///< null: none found yet
+    float distance = std::numeric_limits<float>::max(); ///< height over the surface, in metres
+    float tangent = std::numeric_limits<float>::max();  ///< distance along it from the patch, in metres
 
     bool hasHigherScoreThan(const PokeCandidate& best) const
     {
         return interactable->getTiebreakerScore() > best.interactable->getTiebreakerScore();
     }
 
-    /// Visited in order, the nearer one takes over. Two within each other's close distance are told apart by
-    /// their tangent distance instead.
+    /// Whether this one takes over from the best of those before it. Of two that are about equally far,
+    /// within the close distance, the one with the smaller tangent distance counts as nearer.
     bool isNearerThan(const PokeCandidate& best) const
     {
         if (!(distance <= best.distance + interactable->getCloseDistanceThreshold())) {

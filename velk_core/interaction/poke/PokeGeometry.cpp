@@ -1,7 +1,6 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeGeometry.h"
-#include "math/Aliases.h"
 
 #include "velk_core/interaction/poke/PokeInteractable.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"

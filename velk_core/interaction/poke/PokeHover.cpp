@@ -14,9 +14,10 @@
 // "Stays" is for the result of the last search, "begins" for all others; the same goes for the limits along
 // the surface. The broad test reaches only as far as the enter limits and the frame's own movement, so a
 // finger that rests above about enterHoverNormal loses its hover after the frame in which it rose there.
-#include "velk_core/interaction/poke/PokeInteractor.h"
+#include "velk_core/interaction/poke/PokeSearch.h"
 
 #include "velk_core/interaction/poke/PokeGeometry.h"
+#include "velk_core/interaction/poke/PokeInteractable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,23 +30,29 @@ using poke_geometry::computeDistanceAbove;
 using poke_geometry::computeTangentDistance;
 using surface::SurfaceHit;
 
-// The broad test before anything exact: nothing farther than this frame's movement and the enter limits can
-// matter. A surface first met in this frame always passes.
-bool PokeInteractor::interactableInRange(const PokeInteractable& interactable) const
+PokeSearch::PokeSearch(PokeFrame& frame, const PokeInteractor::Config& config,
+                       const PokeInteractable* lastFound)
+    : frame_(frame)
+    , config_(config)
+    , lastFound_(lastFound)
 {
-    if (previousSurfaceTransforms_.find(interactable.getSlot()) == nullptr) {
+}
+
+bool PokeSearch::isInRange(const PokeInteractable& interactable) const
+{
+    if (!frame_.hasMetBefore(interactable)) {
         return true;
     }
-    const float moved = origin_.Distance(previousOriginCarriedBy(interactable));
+    const float moved = frame_.getOrigin().Distance(frame_.getPreviousOriginCarriedBy(interactable));
     const float enterLimit =
         std::max(interactable.getEnterHoverTangent(), interactable.getEnterHoverNormal());
     const float reach = moved + config_.radius + enterLimit + config_.equalDistanceEpsilon +
                         interactable.getCloseDistanceThreshold();
     SurfaceHit hit;
-    return interactable.getSurfacePatch().closestSurfacePoint(origin_, hit, reach);
+    return interactable.getSurfacePatch().closestSurfacePoint(frame_.getOrigin(), hit, reach);
 }
 
-PokeInteractable* PokeInteractor::computeHoverCandidate(const Interactables& inRange)
+PokeCandidate PokeSearch::findHovered(const Interactables& inRange)
 {
     PokeCandidate best;
     for (PokeInteractable* interactable : inRange) {
@@ -60,31 +67,29 @@ PokeInteractable* PokeInteractor::computeHoverCandidate(const Interactables& inR
             best = candidate;
         }
     }
-    if (best.interactable != nullptr) {
-        takeContactFrom(*best.interactable);
-    }
-    return best.interactable;
+    return best;
 }
 
 // On true, the candidate is ranked by its height and its distance along the surface.
-bool PokeInteractor::canHover(PokeInteractable& interactable, PokeCandidate& candidate)
+bool PokeSearch::canHover(PokeInteractable& interactable, PokeCandidate& candidate)
 {
-    SurfaceHit backing;
-    if (!getHits(interactable, backing)) {
+    const Vector3f& origin = frame_.getOrigin();
+    PokeFrame::Hits hits;
+    if (!frame_.getHits(interactable, hits)) {
         return false;
     }
-    if (!passesEnterHoverDistanceCheck(origin_, interactable) &&
-        !passesEnterHoverDistanceCheck(previousOrigin_, interactable)) {
+    if (!passesEnterHoverDistanceCheck(origin, interactable) &&
+        !passesEnterHoverDistanceCheck(frame_.getPreviousOrigin(), interactable)) {
         return false;
     }
-    if (!isInFront(backing)) {
+    if (!isInFront(hits.backing)) {
         return false;
     }
-    const float above = computeDistanceAbove(interactable, origin_, config_.radius);
+    const float above = computeDistanceAbove(interactable, origin, config_.radius);
     if (!(above <= hoverNormalLimit(interactable))) {
         return false;
     }
-    const float tangent = computeTangentDistance(interactable, origin_, config_.radius);
+    const float tangent = computeTangentDistance(interactable, origin, config_.radius);
     if (!(tangent <= hoverTangentLimit(interactable))) {
         return false;
     }
@@ -92,18 +97,12 @@ bool PokeInteractor::canHover(PokeInteractable& interactable, PokeCandidate& can
     return true;
 }
 
-bool PokeInteractor::getHits(const PokeInteractable& interactable, SurfaceHit& backing)
-{
-    SurfaceHit patch;
-    return getBackingHit(interactable, backing) && getPatchHit(interactable, patch);
-}
-
 // A finger begins from above: not at the surface, not under it, and with a minimum height not within that
 // height either, unless a finger is already deeper there. The candidate of the last search passes anyway.
-bool PokeInteractor::passesEnterHoverDistanceCheck(const Vector3f& point,
-                                                   const PokeInteractable& interactable) const
+bool PokeSearch::passesEnterHoverDistanceCheck(const Vector3f& point,
+                                               const PokeInteractable& interactable) const
 {
-    if (&interactable == hoverInteractable_) {
+    if (&interactable == lastFound_) {
         return true;
     }
     float threshold = 0.0f;
@@ -114,7 +113,7 @@ bool PokeInteractor::passesEnterHoverDistanceCheck(const Vector3f& point,
 }
 
 // How deep the shallowest of the fingers already there is.
-float PokeInteractor::minPokeDepth(const PokeInteractable& interactable) const
+float PokeSearch::minPokeDepth(const PokeInteractable& interactable) const
 {
     float depth = interactable.getExitHoverNormal();
     for (const PokeInteractor* interactor : interactable.getInteractors()) {
@@ -123,44 +122,27 @@ float PokeInteractor::minPokeDepth(const PokeInteractable& interactable) const
     return depth;
 }
 
-bool PokeInteractor::isInFront(const SurfaceHit& backing) const
+bool PokeSearch::isInFront(const SurfaceHit& backing) const
 {
-    const Vector3f offset = origin_ - backing.point;
+    const Vector3f offset = frame_.getOrigin() - backing.point;
     return offset.Length() != 0.0f && offset.Dot(backing.normal) > 0.0f;
 }
 
-float PokeInteractor::hoverNormalLimit(const PokeInteractable& interactable) const
+float PokeSearch::hoverNormalLimit(const PokeInteractable& interactable) const
 {
-    return &interactable == hoverInteractable_ ? interactable.getExitHoverNormal()
-                                               : interactable.getEnterHoverNormal();
+    return &interactable == lastFound_ ? interactable.getExitHoverNormal()
+                                       : interactable.getEnterHoverNormal();
 }
 
-float PokeInteractor::hoverTangentLimit(const PokeInteractable& interactable) const
+float PokeSearch::hoverTangentLimit(const PokeInteractable& interactable) const
 {
-    return &interactable == hoverInteractable_ ? interactable.getExitHoverTangent()
-                                               : interactable.getEnterHoverTangent();
+    return &interactable == lastFound_ ? interactable.getExitHoverTangent()
+                                       : interactable.getEnterHoverTangent();
 }
 
-bool PokeInteractor::areEquallyFar(float distance, float otherDistance) const
+bool PokeSearch::areEquallyFar(float distance, float otherDistance) const
 {
     return std::fabs(distance - otherDistance) < config_.equalDistanceEpsilon;
-}
-
-void PokeInteractor::doHoverUpdate()
-{
-    SurfaceHit hit;
-    if (interactable() != nullptr && getBackingHit(*interactable(), hit)) {
-        touchPoint_ = hit.point;
-        touchNormal_ = hit.normal;
-    }
-    if (recoilInteractable_ == nullptr) {
-        return;
-    }
-    if (!surfaceUpdate(recoilInteractable_)) {
-        endRecoil();
-    } else if (shouldCancel(*recoilInteractable_)) {
-        cancel(*recoilInteractable_);
-    }
 }
 
 } // namespace velk::interaction

@@ -1,23 +1,52 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+//
+// The course of a press. The skin's height over the surface with the default settings, against time:
+//
+//    0.002  - - - - - - - - - - - - - - - - - - - - - - -x- - -  surfaceReleaseThreshold: above it, released
+//    0      ==========x===============================x========  surface: pressed at first contact
+//                      x                            x
+//                        x                        x              0.02 over the deepest point: recoiled
+//                           x                 x
+//                                x       x                       deepest point
+//                                    x
+//   -0.3    - - - - - - - - - - - - - - - - - - - - - - - - - -  cancelSelectNormal: deeper, cancelled
+//
+//   state      the finger                                            becomes
+//   hover      crosses the surface inward                            pressed
+//   pressed    rises above the release threshold                     hover
+//   pressed    goes too deep, or too far along the surface           nothing, with a Cancel event
+//   pressed    retreats from its deepest point beyond exitDistance   recoiled, which releases
+//   recoiled   goes in beyond reEnterDistance from its shallowest    pressed
+//              point since
+//   recoiled   rises above the release threshold                     hover
+//   recoiled   goes too deep, or too far along the surface           hover for one more update, with a
+//                                                                    Cancel event
 #include "velk_core/interaction/poke/PokeInteractor.h"
-#include "math/Aliases.h"
 
 #include "math/LookRotation.h"
-#include "velk_core/core/TimeProvider.h"
+#include "velk_core/interaction/poke/PokeGeometry.h"
+#include "velk_core/interaction/poke/PokeRelease.h"
+#include "velk_core/interaction/poke/PokeSearch.h"
 
+#include <cmath>
 #include <utility>
 
 namespace velk::interaction
 {
 
+using poke_geometry::computeDepth;
+using poke_release::hasLeftSurface;
+using poke_release::shouldCancel;
 using surface::SurfaceHit;
 
 namespace
 {
 
-// Seconds. Each press brings the curve of its interactable; this one is never started.
-constexpr float kInitialEaseDuration = 1.0f;
+Posef backingPose(const PokeInteractable& interactable)
+{
+    return interactable.getSurfacePatch().getBackingSurface().getPose();
+}
 
 } // namespace
 
@@ -32,11 +61,10 @@ PokeInteractor::PokeInteractor(const Config& config, std::shared_ptr<active_stat
     : PointerInteractor(std::move(activeState), std::move(payload))
     , config_(config)
     , positionSource_(std::move(positionSource))
-    , dragEaseCurve_(kInitialEaseDuration, core::TimeProvider::defaultTimeProvider())
 {
     updateOrigin();
     subscribeToWhenInteractableUnset([this](PokeInteractable*) {
-        if (recoilInteractable_ != nullptr) {
+        if (recoil_.getInteractable() != nullptr) {
             endRecoil();
         }
     });
@@ -67,12 +95,12 @@ void PokeInteractor::unsubscribeToWhenPassedSurfaceChanged(uint32_t token)
 
 bool PokeInteractor::getBackingHit(const PokeInteractable& interactable, SurfaceHit& hit)
 {
-    return hitCache_.getBackingHit(interactable, hit);
+    return frame_.getBackingHit(interactable, hit);
 }
 
 bool PokeInteractor::getPatchHit(const PokeInteractable& interactable, SurfaceHit& hit)
 {
-    return hitCache_.getPatchHit(interactable, hit);
+    return frame_.getPatchHit(interactable, hit);
 }
 
 PokeInteractor* PokeInteractor::getInteractorPtr()
@@ -84,7 +112,7 @@ void PokeInteractor::doPreprocess()
 {
     PointerInteractor::doPreprocess();
     updateOrigin();
-    hitCache_.reset(getOrigin());
+    frame_.resetHits();
 }
 
 void PokeInteractor::updateOrigin()
@@ -92,70 +120,148 @@ void PokeInteractor::updateOrigin()
     if (positionSource_) {
         setPointPosition(positionSource_->getPosition());
     }
-    previousOrigin_ = origin_;
-    origin_ = pointTransform_.translation;
+    frame_.moveTo(pointTransform_.translation);
 }
 
 void PokeInteractor::doPostprocess()
 {
     PointerInteractor::doPostprocess();
-    storeSurfaceTransforms();
-}
-
-void PokeInteractor::storeSurfaceTransforms()
-{
     for (const PokeInteractable* interactable : PokeInteractable::getStaticRegistry().list(*this, {})) {
-        previousSurfaceTransforms_.assign(interactable->getSlot()) =
-            interactable->getSurfacePatch().getBackingSurface().getPose().Inverted();
+        frame_.remember(*interactable);
     }
-}
-
-// Where last frame's point would be now, had it moved with the surface. So a surface that comes towards a
-// resting finger sees a moving one. A surface first met in this frame counts as not having moved.
-Vector3f PokeInteractor::previousOriginCarriedBy(const PokeInteractable& interactable) const
-{
-    const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
-    const Posef* previousInverse = previousSurfaceTransforms_.find(interactable.getSlot());
-    const Vector3f local =
-        (previousInverse != nullptr ? *previousInverse : pose.Inverted()).Transform(previousOrigin_);
-    return pose.Transform(local);
 }
 
 // What is being pressed, or has been recoiled from, stays the candidate without a search. Both searches look
 // at the same few interactables, in the order of their registration.
 PokeInteractable* PokeInteractor::computeCandidate()
 {
-    if (recoilInteractable_ != nullptr) {
-        return recoilInteractable_;
+    if (recoil_.getInteractable() != nullptr) {
+        return recoil_.getInteractable();
     }
     if (hitInteractable_ != nullptr) {
         return hitInteractable_;
     }
-    const Interactables inRange = PokeInteractable::getStaticRegistry().list(
-        *this, [this](const PokeInteractable* interactable) { return interactableInRange(*interactable); });
-    if (PokeInteractable* pressed = computeSelectCandidate(inRange)) {
-        hitInteractable_ = pressed;
-        hoverInteractable_ = pressed;
-        return pressed;
+    PokeSearch search(frame_, config_, hoverInteractable_);
+    const PokeSearch::Interactables inRange = PokeInteractable::getStaticRegistry().list(
+        *this, [&search](const PokeInteractable* interactable) { return search.isInRange(*interactable); });
+    const PokeCandidate pressed = search.findPressed(inRange);
+    if (pressed.interactable != nullptr) {
+        takeContactFrom(*pressed.interactable);
+        if (!search.isVetoed(pressed, touchPoint_, inRange)) {
+            hitInteractable_ = pressed.interactable;
+            hoverInteractable_ = pressed.interactable;
+            return pressed.interactable;
+        }
     }
-    hoverInteractable_ = computeHoverCandidate(inRange);
+    hoverInteractable_ = search.findHovered(inRange).interactable;
+    if (hoverInteractable_ != nullptr) {
+        takeContactFrom(*hoverInteractable_);
+    }
     return hoverInteractable_;
 }
 
 void PokeInteractor::takeContactFrom(const PokeInteractable& interactable)
 {
-    SurfaceHit backing;
-    SurfaceHit patch;
-    getBackingHit(interactable, backing);
-    getPatchHit(interactable, patch);
-    closestPoint_ = patch.point;
-    touchPoint_ = backing.point;
-    touchNormal_ = backing.normal;
+    PokeFrame::Hits hits;
+    frame_.getHits(interactable, hits);
+    closestPoint_ = hits.patch.point;
+    touchPoint_ = hits.backing.point;
+    touchNormal_ = hits.backing.normal;
+}
+
+bool PokeInteractor::computeShouldSelect()
+{
+    if (PokeInteractable* const recoiledFrom = recoil_.getInteractable()) {
+        const float depth = computeDepth(*recoiledFrom, getOrigin(), config_.radius);
+        hitInteractable_ = recoil_.pressesAgain(depth) ? recoiledFrom : nullptr;
+    }
+    return hitInteractable_ != nullptr;
+}
+
+bool PokeInteractor::computeShouldUnselect() const
+{
+    return hitInteractable_ == nullptr;
+}
+
+void PokeInteractor::interactableSelected(PokeInteractable* interactable)
+{
+    SurfaceHit hit;
+    if (interactable != nullptr && getBackingHit(*interactable, hit)) {
+        pressPoint_.begin(backingPose(*interactable), touchPoint_, hit.point,
+                          interactable->getDragThresholds().dragEaseCurve);
+        recoil_.pressBegan();
+        setIsPassedSurface(true);
+    }
+    PointerInteractor::interactableSelected(interactable);
+}
+
+void PokeInteractor::doHoverUpdate()
+{
+    SurfaceHit hit;
+    if (interactable() != nullptr && getBackingHit(*interactable(), hit)) {
+        touchPoint_ = hit.point;
+        touchNormal_ = hit.normal;
+    }
+    PokeInteractable* const recoiledFrom = recoil_.getInteractable();
+    if (recoiledFrom == nullptr) {
+        return;
+    }
+    if (!surfaceUpdate(recoiledFrom)) {
+        endRecoil();
+    } else if (shouldCancel(*recoiledFrom, getOrigin(), config_.radius)) {
+        cancel(*recoiledFrom);
+    }
+}
+
+void PokeInteractor::doSelectUpdate()
+{
+    PokeInteractable* const pressed = selectedInteractable();
+    if (!surfaceUpdate(pressed)) {
+        hitInteractable_ = nullptr;
+        // After a press out of a recoil the recoil is still on: the next hover update ends both.
+        setIsPassedSurface(recoil_.getInteractable() != nullptr);
+        return;
+    }
+    if (shouldCancel(*pressed, getOrigin(), config_.radius)) {
+        cancel(*pressed);
+        return;
+    }
+    const float depth = computeDepth(*pressed, getOrigin(), config_.radius);
+    if (recoil_.shouldRecoil(depth, pressed->getConfig().recoilAssist)) {
+        hitInteractable_ = nullptr;
+        recoil_.begin(*pressed, depth);
+        setIsPassedSurface(true);
+    }
+}
+
+// Moves the touch point for this frame of a press or a recoil. False when contact has ended.
+bool PokeInteractor::surfaceUpdate(const PokeInteractable* interactable)
+{
+    SurfaceHit hit;
+    if (interactable == nullptr || !getBackingHit(*interactable, hit) ||
+        hasLeftSurface(*interactable, getOrigin(), config_.radius, config_.surfaceReleaseThreshold)) {
+        return false;
+    }
+    const float normalDelta =
+        std::fabs(computeDepth(*interactable, getOrigin(), config_.radius) -
+                  computeDepth(*interactable, frame_.getPreviousOrigin(), config_.radius));
+    pressPoint_.follow(backingPose(*interactable), hit.point, normalDelta, interactable->getConfig());
+    placeTouchPoint(*interactable);
+    return true;
+}
+
+void PokeInteractor::placeTouchPoint(const PokeInteractable& pressed)
+{
+    const PokeInteractable& hovered = interactable() != nullptr ? *interactable() : pressed;
+    touchPoint_ = backingPose(hovered).Transform(pressPoint_.getLocalPoint());
+    SurfaceHit hit;
+    pressed.closestBackingSurfaceHit(touchPoint_, hit);
+    touchNormal_ = hit.normal;
 }
 
 void PokeInteractor::endRecoil()
 {
-    recoilInteractable_ = nullptr;
+    recoil_.end();
     setIsPassedSurface(false);
 }
 
@@ -163,7 +269,7 @@ void PokeInteractor::endRecoil()
 void PokeInteractor::cancel(PokeInteractable& interactable)
 {
     generatePointerEvent(PointerEventType::Cancel, &interactable);
-    previousOrigin_ = origin_;
+    frame_.forgetMovement();
     hoverInteractable_ = nullptr;
     hitInteractable_ = nullptr;
     endRecoil();
@@ -179,10 +285,13 @@ void PokeInteractor::handleDisabled()
 void PokeInteractor::interactableDestroyed(const PokeInteractable* interactable)
 {
     PointerInteractor::interactableDestroyed(interactable);
-    for (PokeInteractable** remembered : {&hoverInteractable_, &hitInteractable_, &recoilInteractable_}) {
+    for (PokeInteractable** remembered : {&hoverInteractable_, &hitInteractable_}) {
         if (*remembered == interactable) {
             *remembered = nullptr;
         }
+    }
+    if (recoil_.getInteractable() == interactable) {
+        recoil_.end();
     }
 }
 

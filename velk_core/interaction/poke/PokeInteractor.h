@@ -7,18 +7,16 @@
 #include "velk_core/core/IPayload.h"
 #include "velk_core/core/IPosition.h"
 #include "velk_core/interaction/pointer/PointerInteractor.h"
-#include "velk_core/interaction/poke/PokeCandidate.h"
+#include "velk_core/interaction/poke/PokeFrame.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
-#include "velk_core/interaction/poke/SurfaceHitCache.h"
+#include "velk_core/interaction/poke/PokeRecoil.h"
+#include "velk_core/interaction/poke/PokeTouchPoint.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 #include "velk_core/utility/MultiAction.h"
-#include "velk_core/utility/ProgressCurve.h"
-#include "velk_core/utility/SlotTable.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <vector>
 
 namespace velk::interaction
 {
@@ -34,8 +32,9 @@ namespace velk::interaction
 ///     recoiled           null              I                    true
 ///     pressed again      I                 I                    true
 ///
-/// PokeHover.cpp holds the rules by which a hover begins and stays, PokePress.cpp those by which a press
-/// begins, moves the touch point and ends.
+/// It runs the course of a hover and a press. The rules are elsewhere: PokeHover.cpp for a hover,
+/// PokePress.cpp for what begins a press, PokeTouchPoint.cpp for what moves it, PokeRelease.cpp for what ends
+/// it, and PokeRecoil.cpp for what releases it early and presses again.
 class PokeInteractor : public PointerInteractor<PokeInteractor, PokeInteractable>
 {
 public:
@@ -69,7 +68,7 @@ public:
     void setPointPosition(const Vector3f& position) { pointTransform_.translation = position; }
 
     /// The point of the last update.
-    const Vector3f& getOrigin() const { return origin_; }
+    const Vector3f& getOrigin() const { return frame_.getOrigin(); }
 
     /// The nearest point on the patch of the last candidate found.
     const Vector3f& getClosestPoint() const { return closestPoint_; }
@@ -107,44 +106,12 @@ protected:
     void interactableDestroyed(const PokeInteractable* interactable) override;
 
 private:
-    using Interactables = std::vector<PokeInteractable*>;
-
-    // Frame.
     void updateOrigin();
-    void storeSurfaceTransforms();
-    Vector3f previousOriginCarriedBy(const PokeInteractable& interactable) const;
     void takeContactFrom(const PokeInteractable& interactable);
-    void endRecoil();
-    void cancel(PokeInteractable& interactable);
-
-    // Hover rules.
-    bool interactableInRange(const PokeInteractable& interactable) const;
-    PokeInteractable* computeHoverCandidate(const Interactables& inRange);
-    bool canHover(PokeInteractable& interactable, PokeCandidate& candidate);
-    bool getHits(const PokeInteractable& interactable, surface::SurfaceHit& backing);
-    bool passesEnterHoverDistanceCheck(const Vector3f& point, const PokeInteractable& interactable) const;
-    float minPokeDepth(const PokeInteractable& interactable) const;
-    bool isInFront(const surface::SurfaceHit& backing) const;
-    float hoverNormalLimit(const PokeInteractable& interactable) const;
-    float hoverTangentLimit(const PokeInteractable& interactable) const;
-    bool areEquallyFar(float distance, float otherDistance) const;
-
-    // Press rules.
-    PokeInteractable* computeSelectCandidate(const Interactables& inRange);
-    PokeCandidate findPressed(const Interactables& inRange);
-    bool isPressed(PokeInteractable& interactable, PokeCandidate& candidate);
-    bool crosses(const PokeInteractable& interactable, const surface::SurfaceHit& backing,
-                 const Vector3f& start, surface::SurfaceHit& crossing) const;
-    bool vetoes(const PokeInteractable& interactable, const PokeCandidate& pressed);
     bool surfaceUpdate(const PokeInteractable* interactable);
-    void updateTarget(const PokeInteractable& interactable, const Posef& surfacePose,
-                      const Vector3f& localPoint);
-    bool isPushing(const PokeInteractable& interactable, float tangentDelta) const;
-    Vector3f pinTarget(const PokeInteractable& interactable, const Posef& surfacePose);
-    void easeTowards(const Vector3f& localPoint);
-    void placeTouchPoint(const PokeInteractable& interactable);
-    bool shouldCancel(const PokeInteractable& interactable) const;
-    bool shouldRecoil(const PokeInteractable& interactable);
+    void placeTouchPoint(const PokeInteractable& pressed);
+    void cancel(PokeInteractable& interactable);
+    void endRecoil();
 
     utility::MultiAction<bool> whenPassedSurfaceChanged_;
     Config config_;
@@ -153,26 +120,12 @@ private:
     Vector3f closestPoint_;
     Vector3f touchPoint_;
     Vector3f touchNormal_;
-    Vector3f origin_;
-    Vector3f previousOrigin_;
-    PokeInteractable* hoverInteractable_ = nullptr;  // what the last search found
-    PokeInteractable* hitInteractable_ = nullptr;    // set means that a press is wanted
-    PokeInteractable* recoilInteractable_ = nullptr; // what the finger retreated from
-    // Points in the frame of the backing surface, so that they ride on it when it moves.
-    Vector3f previousLocalPoint_; // under the finger in the last frame
-    Vector3f pinnedLocalPoint_;   // the touch point when the press began
-    Vector3f targetLocalPoint_;   // where the touch point is to go
-    Vector3f easedLocalPoint_;    // where it is
-    bool dragging_ = false;
-    utility::ProgressCurve dragEaseCurve_;
-    Vector3f pressLocalPoint_;  // under the finger when it last pushed in
-    float maxPinTravel_ = 0.0f; // farthest travel from the pinned point in this press
-    SurfaceHitCache hitCache_;
-    utility::SlotTable<Posef> previousSurfaceTransforms_; // inverse poses of the last frame
-    float maxDepth_ = 0.0f;                               // deepest point of this press
-    float recoilDepth_ = 0.0f;                            // depth that presses again after a recoil
+    PokeFrame frame_;
+    PokeInteractable* hoverInteractable_ = nullptr; // what the last search found
+    PokeInteractable* hitInteractable_ = nullptr;   // set means that a press is wanted
+    PokeTouchPoint pressPoint_;
+    PokeRecoil recoil_;
     bool passedSurface_ = false;
-    float lastEaseProgress_ = 0.0f;
 };
 
 } // namespace velk::interaction

@@ -1,0 +1,35 @@
+// Copyright (c) the velk developers
+// SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/poke/PokeRecoil.h"
+
+#include <algorithm>
+
+namespace velk::interaction
+{
+
+bool PokeRecoil::shouldRecoil(float depth, const Assist& assist)
+{
+    if (!assist.enabled) {
+        return false;
+    }
+    if (depth > maxDepth_) {
+        maxDepth_ = depth;
+        return false;
+    }
+    return depth < maxDepth_ - assist.exitDistance;
+}
+
+void PokeRecoil::begin(PokeInteractable& interactable, float depth)
+{
+    interactable_ = &interactable;
+    maxDepth_ = 0.0f;
+    recoilDepth_ = depth + interactable.getConfig().recoilAssist.reEnterDistance;
+}
+
+bool PokeRecoil::pressesAgain(float depth)
+{
+    recoilDepth_ = std::min(recoilDepth_, depth + interactable_->getConfig().recoilAssist.reEnterDistance);
+    return !(depth <= recoilDepth_);
+}
+
+} // namespace velk::interaction
