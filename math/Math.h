@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Functions.h"
+#include "math/Angles.h"
 
 #include <algorithm>
 
@@ -29,7 +29,7 @@ inline float Acos(float x)
     if (x < -1.0f) {
         return kPi;
     }
-    return ArcCos(x);
+    return angles::ArcCos(x);
 }
 
 } // namespace TAL

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "math/Functions.h"
+#include "math/Angles.h"
 #include "math/Math.h"
 #include "math/Matrix4.h"
 #include "math/Vector3.h"
@@ -112,7 +112,7 @@ struct Quat
         T s = T(0);
         const T sinHalf = std::sqrt(x * x + y * y + z * z);
         if (sinHalf > T(0)) {
-            T half = ArcTan2(sinHalf, w);
+            T half = angles::ArcTan2(sinHalf, w);
             if (T(0) > w) {
                 half -= kPi;
             }
@@ -128,8 +128,9 @@ struct Quat
         T c = T(1);
         if (v.LengthSq() > T(0)) {
             const T angle = std::sqrt(v.LengthSq());
-            s = Sin(T(0.5) * angle) / angle;
-            c = Cos(T(0.5) * angle);
+            const angles::SineAndCosine half = angles::SinCos(T(0.5) * angle);
+            s = half.sine / angle;
+            c = half.cosine;
         }
         return Quat(s * v.x, s * v.y, s * v.z, c);
     }

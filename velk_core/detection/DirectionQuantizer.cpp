@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/detection/DirectionQuantizer.h"
 
+#include "math/Angles.h"
 #include "math/Math.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ bool DirectionQuantizer::mapDirectionToAngleDegreeDelta(const Vector3f& value,
 {
     const Vector3f unit = value.Normalized();
     const float cosine = std::clamp(direction_.Dot(unit), -1.0f, 1.0f);
-    deltas[AxisDirection] = TAL::ArcCos(cosine) * TAL::kDegreesPerRadian;
+    deltas[AxisDirection] = TAL::angles::ArcCos(cosine) * TAL::kDegreesPerRadian;
     return true;
 }
 
