@@ -27,7 +27,7 @@ float calculateExtentFromState(const PokeInteractable* interactable, float exten
                                                                interactor->getRadius()),
                            extent);
     }
-    return std::fmax(0.0f, extent);
+    return extent > 0.0f ? extent : 0.0f; // of an extent of -0, std::fmax gives either zero
 }
 
 } // namespace
