@@ -18,12 +18,10 @@
 #include "host/InputError.h"
 #include "host/scene/SceneReader.h"
 
-#if __has_include(<valijson/validator.hpp>)
 #include <valijson/adapters/nlohmann_json_adapter.hpp>
 #include <valijson/schema.hpp>
 #include <valijson/schema_parser.hpp>
 #include <valijson/validator.hpp>
-#endif
 
 namespace velk::test
 {
@@ -189,8 +187,6 @@ TEST(SceneSchema, HasTheKeysThatTheReaderTakes)
     }
 }
 
-#if __has_include(<valijson/validator.hpp>)
-
 namespace
 {
 
@@ -264,7 +260,5 @@ TEST(SceneSchema, JudgesLikeTheReader)
         }
     }
 }
-
-#endif
 
 } // namespace velk::test
