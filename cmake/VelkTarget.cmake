@@ -83,6 +83,8 @@ function(velk_add_layer target)
     add_library(${target} STATIC ${ARGN})
     velk_set_target_options(${target})
     velk_harden(${target})
+    # Hosts may call during exit, so nothing that a call needs is destroyed there: see NeverDestroyed.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wexit-time-destructors>)
     target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
     set_target_properties(${target} PROPERTIES
         POSITION_INDEPENDENT_CODE ON

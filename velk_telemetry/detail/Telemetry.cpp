@@ -3,15 +3,16 @@
 
 #include "velk_telemetry/detail/Telemetry.h"
 
+#include "velk_common/NeverDestroyed.h"
 #include "velk_common/VelkLog.h"
 #include "velk_common/Version.h"
 #include "velk_telemetry/detail/GenerateGuid.h"
 #include "velk_telemetry/detail/TelemetryCache.h"
 #include "velk_telemetry/win/TelemetrySender.h"
 
+#include <atomic>
+#include <cstdlib>
 #include <memory>
-#include <unordered_map>
-#include <variant>
 #include <vector>
 
 namespace velk::telemetry
@@ -25,66 +26,86 @@ constexpr const char* kSource = "velk_telemetry/detail/Telemetry.cpp";
 constexpr float kTelemetrySendInterval = 10.0F; // seconds
 
 constexpr int kInitialized = 1;
-constexpr int kStartFailed = -1;
 constexpr int kNotInitialized = -2;
 constexpr int kSendDisabled = -6;
 constexpr int kCacheCleared = 1;
 
-// The order counts at exit: the sender goes before the cache, and its destructor joins the thread that reads
-// it.
-TelemetryCache telemetryCache;
-std::unique_ptr<TelemetrySender> telemetrySender;
-std::string guid;                         // empty until initialised
-constinit bool telemetryDisabled = false; // nothing sets it yet
+constinit bool initialized = false;
 constinit bool sendingThreadDisabled = false;
-[[maybe_unused]] std::unordered_map<std::string, int> initEventValueCounts; // nothing fills it yet
+constinit std::atomic<bool> telemetryDisabled = false;             // by exit or unload
+constinit std::atomic<TelemetrySender*> telemetrySender = nullptr; // once all is set up
 
-/// A field of a main event beside its field in the duplex event, with their defaults.
+TelemetryCache& telemetryCache()
+{
+    static common::NeverDestroyed<TelemetryCache> cache;
+    return *cache;
+}
+
+/// Ends counting and waits for the thread. Another thread of the host may be in the middle of a count: it
+/// finds tables without events.
+void endCounting()
+{
+    telemetryDisabled = true;
+    std::unique_ptr<TelemetrySender> sender(telemetrySender.exchange(nullptr));
+    if (sender != nullptr) {
+        sender.reset();
+        telemetryCache().drop();
+    }
+}
+
+// As the library is loaded, so that what the host registers later, and runs earlier, can still count.
+[[maybe_unused]] const int exitHandler = std::atexit(endCounting);
+
+/// A field of a main event beside its field in the duplex event.
 struct FieldPair
 {
-    std::string field;
-    Value defaultValue;
-    std::string duplexField;
-    Value duplexDefaultValue;
+    const char* field;
+    const char* duplexField;
+    const char* text; // of both; null for a count and its flag
 };
 
-FieldPair sharedText(const char* field, const std::string& value)
+FieldPair sharedText(const char* field, const char* value)
 {
-    return {field, value, field, value};
+    return {field, field, value};
 }
 
 FieldPair countAndFlag(const char* count, const char* flag)
 {
-    return {count, 0, flag, false};
+    return {count, flag, nullptr};
 }
 
-void setDefault(const std::string& event, const std::string& field, const Value& value)
+template <typename Number>
+void setDefault(const std::string& event, const char* field, const char* text, Number number)
 {
-    std::visit([&](const auto& typed) { telemetryCache.setDefaultValue(event, field, typed); }, value);
+    if (text != nullptr) {
+        telemetryCache().setDefaultValue(event, field, std::string(text));
+    } else {
+        telemetryCache().setDefaultValue(event, field, number);
+    }
 }
 
 void setupEvent(const std::string& event, const std::string& duplexEvent, const std::vector<FieldPair>& pairs)
 {
-    telemetryCache.addEventToAllowList(event);
-    telemetryCache.declareDuplexEvent(event, duplexEvent);
+    telemetryCache().addEventToAllowList(event);
+    telemetryCache().declareDuplexEvent(event, duplexEvent);
     for (const FieldPair& pair : pairs) {
-        setDefault(event, pair.field, pair.defaultValue);
+        setDefault(event, pair.field, pair.text, 0);
     }
     for (const FieldPair& pair : pairs) {
-        setDefault(duplexEvent, pair.duplexField, pair.duplexDefaultValue);
+        setDefault(duplexEvent, pair.duplexField, pair.text, false);
     }
     for (const FieldPair& pair : pairs) {
-        telemetryCache.declareDuplexField(event, pair.field, pair.duplexField);
+        telemetryCache().declareDuplexField(event, pair.field, pair.duplexField);
     }
-    telemetryCache.initializeEvent(event);
+    telemetryCache().initializeEvent(event);
 }
 
 void setupTelemetryCache()
 {
-    guid = generateGuidString();
+    const std::string guid = generateGuidString();
     setupEvent("brenna_velk_initialized_event", "brenna_velk_initialized_essential_event",
                {
-                   sharedText("app_velk_guid", guid),
+                   sharedText("app_velk_guid", guid.c_str()),
                    sharedText("game_engine_version", "Unknown"),
                    sharedText("velk_version", velk::common::getPackageVersion()),
                    sharedText("talplugin_version", "Unknown"),
@@ -93,7 +114,7 @@ void setupTelemetryCache()
                });
     setupEvent("brenna_velk_feature_used_event", "brenna_velk_feature_used_essential_event",
                {
-                   sharedText("app_velk_guid", guid),
+                   sharedText("app_velk_guid", guid.c_str()),
                    countAndFlag("grab_count", "grab_flag"),
                    countAndFlag("handgrab_count", "handgrab_flag"),
                    countAndFlag("poke_count", "poke_flag"),
@@ -109,20 +130,19 @@ const char* outcome(bool success)
     return success ? "SUCCESS" : "FAILED";
 }
 
-int startSender()
+void startSender()
 {
     log::logWithTag(log::kInfo, log::kTag, kSource, "Attempting to initialize telemetry sender...");
-    telemetrySender = std::make_unique<TelemetrySender>(telemetryCache, kTelemetrySendInterval);
+    auto sender = std::make_unique<TelemetrySender>(telemetryCache(), kTelemetrySendInterval);
     log::logWithTag(log::kInfo, log::kTag, kSource, "Telemetry sender initialization result: %s",
-                    outcome(telemetrySender != nullptr));
+                    outcome(sender != nullptr));
 
-    if (sendingThreadDisabled) {
-        return kInitialized;
+    if (!sendingThreadDisabled) {
+        const bool started = sender->startSendingThread();
+        log::logWithTag(log::kInfo, log::kTag, kSource, "Starting sending thread, result: %s",
+                        outcome(started));
     }
-    // A start that fails is reported once: from now on the guid says that telemetry is initialised.
-    const bool started = telemetrySender && telemetrySender->startSendingThread();
-    log::logWithTag(log::kInfo, log::kTag, kSource, "Starting sending thread, result: %s", outcome(started));
-    return started ? kInitialized : kStartFailed;
+    telemetrySender = sender.release();
 }
 
 int initializeTelemetry()
@@ -136,10 +156,11 @@ int initializeTelemetry()
 
     try {
         setupTelemetryCache();
-        return startSender();
+        initialized = true; // before what is logged, in answer to which the host may count
+        startSender();
+        return kInitialized;
     } catch (...) {
-        guid.clear(); // the next use begins anew
-        telemetrySender.reset();
+        initialized = false; // the next use begins anew
         throw;
     }
 }
@@ -153,7 +174,7 @@ AccessValueResult getValueAs(const std::string& event, const std::string& field,
     if (initializeTelemetry() != kInitialized) {
         return AccessValueResult::NotInitialized;
     }
-    return telemetryCache.getValue(event, field, out);
+    return telemetryCache().getValue(event, field, out);
 }
 
 } // namespace
@@ -166,12 +187,12 @@ UpdateValueResult incrementValue(const std::string& event, const std::string& fi
     if (initializeTelemetry() != kInitialized) {
         return UpdateValueResult::NotInitialized;
     }
-    if (!telemetryCache.isEventOnAllowList(event)) {
+    if (!telemetryCache().isEventOnAllowList(event)) {
         return UpdateValueResult::EventNotAllowed;
     }
     log::logWithTag(log::kDebug, log::kTag, kSource, "incrementing event field, event: %s, field: %s",
                     event.c_str(), field.c_str());
-    return telemetryCache.incrementValue(event, field);
+    return telemetryCache().incrementValue(event, field);
 }
 
 AccessValueResult getValue(const std::string& event, const std::string& field, int& out)
@@ -186,12 +207,12 @@ AccessValueResult getValue(const std::string& event, const std::string& field, b
 
 int send()
 {
-    return telemetryDisabled ? kSendDisabled : telemetrySender->send();
+    return telemetryDisabled ? kSendDisabled : telemetrySender.load()->send();
 }
 
 int clearCache()
 {
-    telemetryCache.resetToDefaultValues();
+    telemetryCache().resetToDefaultValues();
     return kCacheCleared;
 }
 
@@ -202,7 +223,7 @@ void disableSendingThread()
 
 bool isInitialized()
 {
-    return !guid.empty();
+    return initialized;
 }
 
 } // namespace velk::telemetry

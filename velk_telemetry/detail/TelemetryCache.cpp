@@ -86,7 +86,7 @@ UpdateValueResult TelemetryCache::storeDefaultValue(const std::string& event, co
                                                     Value value)
 {
     const std::lock_guard lock(dataAccessMutex);
-    if (!isEventOnAllowList(event)) {
+    if (!isAllowed(event)) {
         return UpdateValueResult::EventNotAllowed;
     }
     defaultValues_[event][field] = std::move(value);
@@ -96,7 +96,7 @@ UpdateValueResult TelemetryCache::storeDefaultValue(const std::string& event, co
 UpdateValueResult TelemetryCache::storeValue(const std::string& event, const std::string& field, Value value)
 {
     const std::lock_guard lock(dataAccessMutex);
-    if (!isEventOnAllowList(event)) {
+    if (!isAllowed(event)) {
         return UpdateValueResult::EventNotAllowed;
     }
     values_[event][field] = std::move(value);
@@ -108,7 +108,7 @@ AccessValueResult TelemetryCache::readValue(const std::string& event, const std:
                                             Value& out) const
 {
     const std::lock_guard lock(dataAccessMutex);
-    if (!isEventOnAllowList(event)) {
+    if (!isAllowed(event)) {
         return AccessValueResult::EventNotAllowed;
     }
     const FieldTable& fields = values_.at(event);
@@ -123,7 +123,7 @@ AccessValueResult TelemetryCache::readValue(const std::string& event, const std:
 UpdateValueResult TelemetryCache::incrementValue(const std::string& event, const std::string& field)
 {
     const std::lock_guard lock(dataAccessMutex);
-    if (!isEventOnAllowList(event)) {
+    if (!isAllowed(event)) {
         return UpdateValueResult::EventNotAllowed;
     }
     // What may run out of memory comes first, so that an increment that fails counts in neither event.
@@ -152,7 +152,7 @@ void TelemetryCache::resetToDefaultValues()
 void TelemetryCache::initializeEvent(std::string_view event)
 {
     const std::lock_guard lock(dataAccessMutex);
-    resetEventFieldValues(event);
+    resetEventFieldValues(std::string(event));
 }
 
 void TelemetryCache::clearDirtyEvents()
@@ -164,9 +164,16 @@ void TelemetryCache::clearDirtyEvents()
     dirtyEvents_.clear();
 }
 
+void TelemetryCache::drop()
+{
+    const std::lock_guard lock(dataAccessMutex);
+    *this = TelemetryCache();
+}
+
 bool TelemetryCache::isEventOnAllowList(const std::string& event) const
 {
-    return allowList_.contains(event);
+    const std::lock_guard lock(dataAccessMutex);
+    return isAllowed(event);
 }
 
 bool TelemetryCache::isDuplexedEvent(const std::string& event) const
@@ -186,8 +193,8 @@ int TelemetryCache::processDirtyEvents(IEventProcessor& processor)
         }
     }
     int result = kNothingToProcess;
-    for (const EventSnapshot& snapshot : snapshots) {
-        if (processSnapshot(snapshot, processor) == kEventProcessed) {
+    for (EventSnapshot& snapshot : snapshots) {
+        if (processSnapshot(std::move(snapshot), processor) == kEventProcessed) {
             result = kEventProcessed;
         }
     }
@@ -201,17 +208,17 @@ int TelemetryCache::processEvent(std::string_view event, IEventProcessor& proces
         const std::lock_guard lock(dataAccessMutex);
         snapshot = takeSnapshot(std::string(event));
     }
-    return snapshot ? processSnapshot(*snapshot, processor) : kUnknownEvent;
+    return snapshot ? processSnapshot(std::move(*snapshot), processor) : kUnknownEvent;
 }
 
-int TelemetryCache::processSnapshot(const EventSnapshot& snapshot, IEventProcessor& processor)
+int TelemetryCache::processSnapshot(EventSnapshot&& snapshot, IEventProcessor& processor)
 {
     if (snapshot.fields.empty()) {
         return kNothingToProcess;
     }
     processor.prepareEvent(snapshot.event);
-    for (const auto& [field, value] : snapshot.fields) {
-        processor.processField(field, value);
+    for (auto& [field, value] : snapshot.fields) {
+        processor.processField(field, std::move(value));
     }
     return processor.finalizeEvent();
 }
@@ -227,26 +234,25 @@ bool TelemetryCache::incrementValueInternal(const std::string& event, const std:
     return true;
 }
 
-void TelemetryCache::resetEventFieldValues(std::string_view event)
+void TelemetryCache::resetEventFieldValues(const std::string& event)
 {
     resetEventFieldValuesDirect(event);
-    const auto duplex = duplexEvents_.find(std::string(event));
+    const auto duplex = duplexEvents_.find(event);
     if (duplex != duplexEvents_.end()) {
         resetEventFieldValuesDirect(duplex->second);
     }
 }
 
-void TelemetryCache::resetEventFieldValuesDirect(std::string_view event)
+void TelemetryCache::resetEventFieldValuesDirect(const std::string& event)
 {
-    const std::string name(event);
-    for (const auto& [field, value] : defaultValues_[name]) {
-        values_[name][field] = value;
+    for (const auto& [field, value] : defaultValues_[event]) {
+        values_[event][field] = value;
     }
 }
 
 const TelemetryCache::FieldTable* TelemetryCache::getFieldValueMap(const std::string& event)
 {
-    return isEventOnAllowList(event) ? &values_[event] : nullptr;
+    return isAllowed(event) ? &values_[event] : nullptr;
 }
 
 std::optional<TelemetryCache::EventSnapshot> TelemetryCache::takeSnapshot(const std::string& event)
@@ -255,7 +261,13 @@ std::optional<TelemetryCache::EventSnapshot> TelemetryCache::takeSnapshot(const 
     if (fields == nullptr) {
         return std::nullopt;
     }
-    return EventSnapshot{event, {fields->begin(), fields->end()}};
+    EventSnapshot snapshot{event, {}};
+    snapshot.fields.reserve(fields->size());
+    for (const auto& [field, value] : *fields) {
+        // Assigned, since libstdc++ 12 doesn't survive a copy of a variant that runs out of memory.
+        snapshot.fields.emplace_back(field, Value()).second = value;
+    }
+    return snapshot;
 }
 
 } // namespace velk::telemetry

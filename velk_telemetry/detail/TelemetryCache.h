@@ -89,6 +89,9 @@ public:
     /// Puts all dirty events on their default values and makes them clean.
     void clearDirtyEvents();
 
+    /// Gives all tables back. No event is allowed any more.
+    void drop();
+
     bool isEventOnAllowList(const std::string& event) const;
     bool isDuplexedEvent(const std::string& event) const;
 
@@ -119,12 +122,13 @@ private:
     UpdateValueResult storeValue(const std::string& event, const std::string& field, Value value);
     AccessValueResult readValue(const std::string& event, const std::string& field, Value& out) const;
 
-    static int processSnapshot(const EventSnapshot& snapshot, IEventProcessor& processor);
+    static int processSnapshot(EventSnapshot&& snapshot, IEventProcessor& processor);
 
     // These expect the lock held.
+    bool isAllowed(const std::string& event) const { return allowList_.contains(event); }
     bool incrementValueInternal(const std::string& event, const std::string& field, Operation operation);
-    void resetEventFieldValues(std::string_view event);
-    void resetEventFieldValuesDirect(std::string_view event);
+    void resetEventFieldValues(const std::string& event);
+    void resetEventFieldValuesDirect(const std::string& event);
     const FieldTable* getFieldValueMap(const std::string& event);
     std::optional<EventSnapshot> takeSnapshot(const std::string& event);
 

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -78,14 +79,14 @@ public:
 
     void operator()(int value) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %i", name_.c_str(), value);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%.*s : %i", length(), name_.data(), value);
     }
 
     void operator()(float value) const { (*this)(static_cast<double>(value)); }
 
     void operator()(double value) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %f", name_.c_str(), value);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%.*s : %f", length(), name_.data(), value);
     }
 
     void operator()(const std::string& value) const { printText(value.c_str()); }
@@ -95,10 +96,12 @@ public:
 private:
     void printText(const char* text) const
     {
-        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%s : %s", name_.c_str(), text);
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "%.*s : %s", length(), name_.data(), text);
     }
 
-    std::string name_;
+    int length() const { return static_cast<int>(name_.size()); }
+
+    std::string_view name_;
 };
 
 class PrintValuesEventProcessor : public IEventProcessor
@@ -106,8 +109,8 @@ class PrintValuesEventProcessor : public IEventProcessor
 public:
     void prepareEvent(std::string_view eventName) override
     {
-        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "Sending Event: %s",
-                        std::string(eventName).c_str());
+        log::logWithTag(log::kInfo, log::kTag, kSenderSource, "Sending Event: %.*s",
+                        static_cast<int>(eventName.size()), eventName.data());
     }
 
     void processField(std::string_view fieldName, Value value) override
@@ -128,8 +131,13 @@ void sendTelemetryAtInterval(const TelemetrySender& sender, float interval)
         std::chrono::duration_cast<std::chrono::seconds>(std::chrono::duration<float>(interval));
     while (keepThreadAliveSignal.load() >= 1) {
         log::logWithTag(log::kDebug, log::kTag, kSenderSource, "Attempting to send");
-        const int result = sender.send();
-        log::logWithTag(log::kDebug, log::kTag, kSenderSource, "Send Result: %i", result);
+        try {
+            const int result = sender.send();
+            log::logWithTag(log::kDebug, log::kTag, kSenderSource, "Send Result: %i", result);
+        } catch (const std::bad_alloc&) {
+            // What was counted waits for the next pass: a pass takes its memory before it prints.
+            log::logWithTag(log::kDebug, log::kTag, kSenderSource, "No memory to send");
+        }
         std::this_thread::yield();
         std::this_thread::sleep_for(pause);
     }

@@ -29,8 +29,8 @@ public:
     /// Moves the contents of the other's cache into this one's. Neither may have a thread that runs.
     TelemetrySender& operator=(TelemetrySender&& other) noexcept;
 
-    /// Makes the first pass at once, the others an interval apart. The thread takes no signals but faults.
-    /// Throws std::system_error if no thread can be had.
+    /// Makes the first pass at once, the others an interval apart. The thread takes no signals but faults,
+    /// and leaves out a pass for which there is no memory. Throws std::system_error if no thread can be had.
     bool startSendingThread();
 
     /// One pass: prints the dirty events and resets them, whatever the outcome. Returns 1 when at least one
