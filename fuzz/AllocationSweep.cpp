@@ -21,6 +21,8 @@ namespace
 {
 
 long liveBlocks = 0;
+long plays = 0;       // unbroken ones
+long allocations = 0; // in those
 
 struct Outcome
 {
@@ -63,9 +65,27 @@ void sweep(const std::filesystem::path& path, long stride)
                 velk_fuzz::expect(broken.leftOver <= 0, "memory that ends leaves nothing");
             }
         }
-        std::printf("%s, order %d: %ld allocations\n", path.filename().string().c_str(), order,
-                    whole.allocations);
+        ++plays;
+        allocations += whole.allocations;
     }
+}
+
+/// Fails unless each function that allocates has failed.
+void report()
+{
+    long failures = 0;
+    long allocating = 0;
+    for (const auto& [name, account] : allocationFaults.functions) {
+        failures += account.failures;
+        if (account.allocations > 0) {
+            ++allocating;
+            std::printf("%-42.*s %6ld failures\n", static_cast<int>(name.size()), name.data(),
+                        account.failures);
+            velk_fuzz::expect(account.failures > 0, "what allocates fails once at least");
+        }
+    }
+    std::printf("%ld plays, %ld allocations in %ld of %zu functions: %ld failures\n", plays, allocations,
+                allocating, allocationFaults.functions.size(), failures);
 }
 
 } // namespace
@@ -76,7 +96,6 @@ void* operator new(std::size_t size)
         ++allocationFaults.counted;
         const long at = allocationFaults.counted;
         if (at == allocationFaults.failAt || (allocationFaults.andAllAfter && at > allocationFaults.failAt)) {
-            ++allocationFaults.thrown;
             throw std::bad_alloc();
         }
     }
@@ -110,6 +129,6 @@ int main(int argc, char** argv)
             sweep(entry.path(), std::max(1L, std::atol(argv[1])));
         }
     }
-    std::printf("%ld failures\n", allocationFaults.thrown);
+    report();
     return 0;
 }

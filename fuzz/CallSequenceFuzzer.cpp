@@ -114,7 +114,7 @@ public:
     template <typename LibraryCall>
     auto attempt(Name name, const LibraryCall& libraryCall)
     {
-        return callWithFaults(libraryCall, [this, name] {
+        return callWithFaults(name, libraryCall, [this, name] {
             expect(!name.ends_with("_Destroy"),
                    "memory that ends does not keep anything from being destroyed");
             checkAgreement();
@@ -225,7 +225,7 @@ public:
         for (int frames = reader.byte() % 8; frames >= 0 && !isForbidden("_Interactor_Update"); --frames) {
             velk_RayInteractor_SetPose(handle, &pose);
             velk_PokeInteractor_SetPointTransform(handle, &pose);
-            answer("", attempt("glide", [&] { return velk_Interactor_Update(handle); }),
+            answer("", attempt("velk_Interactor_Update", [&] { return velk_Interactor_Update(handle); }),
                    picked[0].object != nullptr);
             checkAgreement();
             auto& [x, y, z] = pose.position;
