@@ -1,6 +1,8 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/core/TimeProvider.h"
+#include "velk_core/select/Selector.h"
+#include "velk_core/select/SelectorQueue.h"
 #include "velk_core/utility/AssignableRef.h"
 #include "velk_core/utility/MultiAction.h"
 #include "velk_core/utility/OrderedSet.h"
@@ -14,6 +16,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -61,6 +64,76 @@ TEST(MultiAction, PassesOverASnapshot)
     EXPECT_THAT(calls, ElementsAre('-', 'a', 'c'));
 }
 
+TEST(MultiAction, CallsInItsPassWhoLeavesDuringIt)
+{
+    MultiAction<> action;
+    std::vector<char> calls;
+    uint32_t self = 0;
+    action.subscribe([&] {
+        calls.push_back('a');
+        if (calls.size() == 3) {
+            action.unsubscribe(self); // twice
+            action.invoke();          // began without it
+        }
+    });
+    self = action.subscribe([&] {
+        calls.push_back('b');
+        action.unsubscribe(self);
+        action.invoke(); // neither has it
+    });
+    action.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'b', 'a', 'a'));
+}
+
+TEST(MultiAction, OutlivesItsListInAllPasses)
+{
+    auto action = std::make_unique<MultiAction<>>();
+    std::vector<char> calls;
+    const auto alive = std::make_shared<int>(0);
+    action->subscribe([&, alive] {
+        calls.push_back('a');
+        if (calls.size() == 1) {
+            action->invoke();
+        } else {
+            action.reset();
+        }
+    });
+    action->subscribe([&, alive] { calls.push_back('b'); });
+    action->invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'a', 'b', 'b'));
+    EXPECT_EQ(alive.use_count(), 1);
+}
+
+TEST(MultiAction, TakesASubscriptionOver)
+{
+    MultiAction<> former;
+    MultiAction<> next;
+    std::vector<char> calls;
+    next.subscribe([&] { calls.push_back('a'); });
+    uint32_t token = former.subscribe([&] { calls.push_back('b'); });
+    token = next.takeOver(former, token);
+    EXPECT_EQ(token, 2u);
+    former.invoke();
+    next.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'b'));
+
+    // In a pass of either: called in that of the former list, not yet in that of the next.
+    calls.clear();
+    uint32_t moved = 0;
+    former.subscribe([&] { token = next.takeOver(former, moved); });
+    moved = former.subscribe([&] { calls.push_back('c'); });
+    next.subscribe([&] { former.invoke(); });
+    next.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'b', 'c'));
+    calls.clear();
+    next.unsubscribe(3);
+    next.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'b', 'c'));
+    next.unsubscribe(token);
+    next.invoke();
+    EXPECT_THAT(calls, ElementsAre('a', 'b', 'c', 'a', 'b'));
+}
+
 TEST(MultiAction, AnExceptionEndsThePass)
 {
     MultiAction<> action;
@@ -69,6 +142,9 @@ TEST(MultiAction, AnExceptionEndsThePass)
     action.subscribe([&] { later = true; });
     EXPECT_THROW(action.invoke(), int);
     EXPECT_FALSE(later);
+    action.unsubscribe(1); // no pass is left that would still call it
+    action.invoke();
+    EXPECT_TRUE(later);
     MultiAction<> empty;
     empty.subscribe(nullptr);
     EXPECT_THROW(empty.invoke(), std::bad_function_call);
@@ -90,6 +166,25 @@ TEST(HandlerToken, EndsWithItsScopeUnlessReleased)
     auto token = action->registerHandler([] {});
     token.release();
     action.reset(); // the token must not touch it any more
+}
+
+TEST(SelectorQueue, KeepsItsSelectorWhenTheNextCannotBeHeard)
+{
+    struct Broken : select::Selector
+    {
+        uint32_t subscribeToWhenUnselected(std::function<void()>&&) override { throw std::bad_alloc(); }
+    };
+    int heard = 0;
+    const auto first = std::make_shared<select::Selector>();
+    const auto broken = std::make_shared<Broken>();
+    select::SelectorQueue queue([&] { ++heard; }, [&] { ++heard; });
+    queue.setSelector(first);
+    EXPECT_THROW(queue.setSelector(broken), std::bad_alloc);
+    EXPECT_EQ(queue.getSelector(), first);
+    broken->select();
+    EXPECT_EQ(heard, 0);
+    first->select();
+    EXPECT_EQ(heard, 1);
 }
 
 TEST(SlotTable, AnEntryDiesWithItsOwner)

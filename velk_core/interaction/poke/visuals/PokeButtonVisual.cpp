@@ -45,20 +45,23 @@ PokeButtonVisual::PokeButtonVisual(std::weak_ptr<PokeInteractable> pokeInteracta
 void PokeButtonVisual::setPokeInteractable(std::weak_ptr<PokeInteractable> pokeInteractable, Posef basePose,
                                            float maxExtent)
 {
-    stopMonitoring();
-    interactorAddedHandler_.end();
-    interactorRemovedHandler_.end();
-    pokeInteractable_ = std::move(pokeInteractable);
-    basePose_ = basePose;
-    maxExtent_ = maxExtent;
-    if (const auto interactable = pokeInteractable_.lock()) {
-        interactorAddedHandler_ = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorAdded>(
+    // The new subscriptions are the one step that can fail, so they come before any change.
+    Subscription added;
+    Subscription removed;
+    if (const auto interactable = pokeInteractable.lock()) {
+        added = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorAdded>(
             interactable, interactable->subscribeToWhenInteractorAdded(
                               [this](PokeInteractor* interactor) { handleInteractorAdded(interactor); }));
-        interactorRemovedHandler_ = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorRemoved>(
+        removed = Subscription::with<&PokeInteractable::unsubscribeToWhenInteractorRemoved>(
             interactable, interactable->subscribeToWhenInteractorRemoved(
                               [this](PokeInteractor* interactor) { handleInteractorRemoved(interactor); }));
     }
+    stopMonitoring();
+    interactorAddedHandler_ = std::move(added);
+    interactorRemovedHandler_ = std::move(removed);
+    pokeInteractable_ = std::move(pokeInteractable);
+    basePose_ = basePose;
+    maxExtent_ = maxExtent;
     updateVisualPosition();
 }
 
