@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace velk::capi::direction_recognizer
@@ -28,6 +29,20 @@ ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>& getRegistry(
 
 } // namespace internal
 
+namespace
+{
+
+using Wanted = std::vector<std::pair<DirectionQuantizer::Axis, DirectionQuantizer::Alignment>>;
+
+/// One for all calls: a list per frame then takes no memory per frame. Empty while there is no recognizer.
+Wanted& scratchList()
+{
+    static common::NeverDestroyed<Wanted> list;
+    return *list;
+}
+
+} // namespace
+
 VelkDirectionRecognizerHandle create()
 {
     return internal::insert(std::make_shared<DirectionRecognizer>());
@@ -35,7 +50,11 @@ VelkDirectionRecognizerHandle create()
 
 int32_t destroy(VelkDirectionRecognizerHandle recognizer)
 {
-    return internal::getRegistry().destroy(recognizer);
+    const int32_t result = internal::getRegistry().destroy(recognizer);
+    if (internal::getRegistry().isEmpty()) {
+        Wanted().swap(scratchList());
+    }
+    return result;
 }
 
 int32_t update(VelkDirectionRecognizerHandle recognizer, VelkDirectionQuantizerHandle quantizer,
@@ -49,7 +68,8 @@ int32_t update(VelkDirectionRecognizerHandle recognizer, VelkDirectionQuantizerH
     if (target == nullptr || source == nullptr) {
         return kFailure;
     }
-    std::vector<std::pair<DirectionQuantizer::Axis, DirectionQuantizer::Alignment>> wanted;
+    Wanted& wanted = scratchList();
+    wanted.clear();
     wanted.reserve(static_cast<std::size_t>(std::max(list->count, 0)));
     for (int32_t i = 0; i < list->count; ++i) {
         wanted.emplace_back(static_cast<DirectionQuantizer::Axis>(list->entries[i].axis),
