@@ -6,7 +6,8 @@
 // after the failure, makes the call again, plays on, and destroys everything in the order that the input asks
 // for; each input is played in two. Then no block that a call allocated may be left over.
 //
-//   velk_allocation_sweep STRIDE DIRECTORY...   every STRIDE-th allocation of the inputs in the directories
+//   velk_allocation_sweep {STRIDE DIRECTORY...}...   every STRIDE-th allocation of the inputs in the
+//   directories
 #include "fuzz/AllocationFaults.h"
 #include "fuzz/FuzzTarget.h"
 
@@ -50,6 +51,9 @@ std::string inputOf(const std::filesystem::path& path)
 void sweep(const std::filesystem::path& path, long stride)
 {
     std::string input = inputOf(path);
+    if (input.empty()) {
+        return;
+    }
     for (const char order : {'\0', '\1'}) {
         input.at(0) = order;
         play(input, AllocationFaults::kNever, false); // the library's tables grow
@@ -121,12 +125,17 @@ void operator delete(void* block, std::size_t) noexcept
 int main(int argc, char** argv)
 {
     if (argc < 3) {
-        std::fputs("velk_allocation_sweep STRIDE DIRECTORY...\n", stderr);
+        std::fputs("velk_allocation_sweep {STRIDE DIRECTORY...}...\n", stderr);
         return 2;
     }
-    for (int i = 2; i < argc; ++i) {
+    long stride = 1;
+    for (int i = 1; i < argc; ++i) {
+        if (const long number = std::atol(argv[i]); number > 0) {
+            stride = number;
+            continue;
+        }
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            sweep(entry.path(), std::max(1L, std::atol(argv[1])));
+            sweep(entry.path(), stride);
         }
     }
     report();

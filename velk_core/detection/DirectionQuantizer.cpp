@@ -32,7 +32,7 @@ int DirectionQuantizer::convert(Vector3f value, Levels** result)
     return quantizer_->convert(value, result);
 }
 
-DirectionQuantizer::Levels DirectionQuantizer::getKeyQuantValueMap() const
+const DirectionQuantizer::Levels& DirectionQuantizer::getKeyQuantValueMap() const
 {
     return quantizer_->getKeyQuantValueMap();
 }

@@ -44,7 +44,7 @@ public:
     int convert(Vector3f value, Levels** result);
 
     /// Empty before the first `convert`.
-    Levels getKeyQuantValueMap() const;
+    const Levels& getKeyQuantValueMap() const;
 
     /// The level of a key without a copy of the map: false, with `level` left alone, for a key that isn't in
     /// it.

@@ -70,12 +70,21 @@
  *
  * 12. Lifetime. There is no function to start or stop the library. Each family has its Destroy, which ends
  *     the handle. Hosts may destroy in any order: an object that uses another either keeps it alive or
- *     does without it, and its comment says which. What is left at exit goes by itself.
+ *     does without it, and its comment says which. What is left at exit is left to the system: no call
+ *     needs anything that exit destroys, so exit handlers, destructors of globals, and a thread that still
+ *     runs the frame loop while main returns may call as ever. Counting alone ends, see 14. Unloading the
+ *     library by dlclose gives all memory back but that of objects which are still alive.
  *
  * 13. Exceptions. No function throws on account of its arguments but those named here: a negative count
  *     in velk_ClippedPlaneSurface_Create is a std::length_error. Besides that, std::bad_alloc when memory
  *     ends, and std::system_error from the counted calls of rule 14 when no thread can be started.
- *     Nothing is caught at this boundary, so C hosts see these as the end of the process.
+ *     Nothing is caught at this boundary, so C hosts see these as the end of the process. A C++ host that
+ *     catches them goes on with a sound world, and may make the same call again: a create has left nothing
+ *     but, at most, a number that is never given out, a setter has changed nothing, and an update has
+ *     stopped on its way, with interactors and interactables agreed about who is on whom. The press or
+ *     release that such an update was about to use can be used up, and one that it did not come to can
+ *     wait for the next update. A velk_Selector_Select or _Unselect may have reached some interactors;
+ *     made again, it counts as one. Destroying, and reading states, poses and scores, takes no memory.
  *
  * 14. Usage counts, and the wait at exit. Four calls count that a feature was used:
  *     velk_DataModifier_Create, velk_FingerPinchGrabAPI_Create, velk_FingerPalmGrabAPI_Create and
@@ -85,8 +94,10 @@
  *     from main, or unloading the library with dlclose, waits until that thread next wakes: up to 10
  *     seconds. To leave at once, destroy what must be, flush what was written, and end the process by
  *     _Exit or quick_exit in C, by os._exit(0) in Python, which don't wait. A host that uses none of the
- *     four has neither the thread nor the wait. The thread takes no signals but faults, and a child made
- *     by fork hasn't got it: there counts are taken, never printed, and nothing waits.
+ *     four has neither the thread nor the wait. The thread takes no signals but faults, leaves out a look
+ *     for which there is no memory, and a child made by fork hasn't got it: there counts are taken, never
+ *     printed, and nothing waits. Once the library's part in exit has begun nothing is counted: then
+ *     velk_Telemetry_SendTestData returns -1, and the others make what they make.
  *
  *     Three lines are printed by the first counted call itself. Printing can't be switched off, and takes
  *     the stream as it is. While standard error is a pipe that is full and that nobody reads, the first
