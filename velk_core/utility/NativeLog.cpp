@@ -10,8 +10,9 @@ NativeLog::Callback NativeLog::callbackInstance_ = nullptr;
 
 void NativeLog::registerCallback(Callback callback)
 {
+    const std::string established("NativeLog: connection established!"); // before the change, as it can fail
     callbackInstance_ = callback;
-    log("NativeLog: connection established!", Color::Magenta);
+    log(established, Color::Magenta);
 }
 
 void NativeLog::log(const std::string& message, Color color)
