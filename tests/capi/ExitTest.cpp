@@ -29,7 +29,7 @@ Function get(const char* name)
     return reinterpret_cast<Function>(dlsym(library, name));
 }
 
-#define CALL(name) get<decltype(&name)>(#name)
+#define CALL(name) get<decltype(&(name))>(#name)
 
 void expect(bool holds, const char* what)
 {

@@ -23,7 +23,6 @@
 
 using namespace velk;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using utility::MultiAction;
 using utility::ProgressCurve;
 
@@ -283,7 +282,8 @@ TEST_F(Curve, OfAFloatClockMeasuresInFloats)
     for (const float duration : {0.05f, 0.1f, 0.7f}) {
         ProgressCurve started(raw, duration, clock);
         ProgressCurve ended(raw, duration, clock);
-        for (float begin = 0.001f; begin < 1e6f; begin *= 1.37f) {
+        float begin = 0.001f;
+        while (begin < 1e6f) {
             time = begin;
             started.start();
             ended.end();
@@ -292,6 +292,7 @@ TEST_F(Curve, OfAFloatClockMeasuresInFloats)
                 EXPECT_EQ(started.progress(), finished((time - begin) / duration)) << begin;
                 EXPECT_EQ(ended.progress(), finished((time - (begin - duration)) / duration)) << begin;
             }
+            begin *= 1.37f;
         }
     }
 }
