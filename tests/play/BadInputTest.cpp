@@ -112,4 +112,24 @@ TEST_F(BadInput, RecordingComplaintsNameTheLine)
                     path("none/r.html") + ": can't be written: No such file or directory");
 }
 
+TEST_F(BadInput, NoOutputIsLostOrOverwritten)
+{
+    const std::string scene = write("scene.json", "{}");
+    const std::string kept = write("kept", "kept");
+    const std::string run = scene + " " + kHands;
+    expectComplaint(run + " --events " + scene, scene + ": would overwrite");
+    expectComplaint(run + " --events " + kept + " --report " + path("./kept"),
+                    path("./kept") + ": would over");
+    expectComplaint(run + " --events " + kept + " --trace " + path("none/t"), path("none/t") + ": can't be");
+    expectComplaint(scene + " " + path(std::string(300, 'n')),
+                    path(std::string(300, 'n')) + ": can't be read");
+    EXPECT_EQ(read(scene) + read(kept), "{}kept");
+    EXPECT_EQ(play(run + " --report /dev/full"), 2);
+    EXPECT_THAT(err(), testing::HasSubstr("No space left"));
+    EXPECT_EQ(play(run + " --events " + kept + " > /dev/full"), 2);
+    EXPECT_EQ(read(kept), "kept");
+    EXPECT_EQ(play(run + " --events " + kept), 0);
+    EXPECT_EQ(read(kept), "");
+}
+
 } // namespace velk::test

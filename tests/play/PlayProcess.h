@@ -47,7 +47,7 @@ protected:
     int play(const std::string& arguments) const
     {
         const std::string command =
-            std::string(VELK_PLAY) + " " + arguments + " > " + path("out") + " 2> " + path("err");
+            std::string(VELK_PLAY) + " > " + path("out") + " 2> " + path("err") + " " + arguments;
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }

@@ -8,6 +8,9 @@
 #include <filesystem>
 #include <iterator>
 
+#include <fmt/format.h>
+#include <unistd.h>
+
 #include "host/InputError.h"
 
 namespace velk_tools
@@ -26,7 +29,8 @@ namespace
 
 std::string readTextFile(const std::string& path)
 {
-    if (std::filesystem::is_directory(path)) {
+    std::error_code ignored; // What can't be looked at can't be opened either, which gives the reason.
+    if (std::filesystem::is_directory(path, ignored)) {
         throw InputError(path + ": is a directory");
     }
     errno = 0;
@@ -37,22 +41,59 @@ std::string readTextFile(const std::string& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+bool isSameFile(const std::string& a, const std::string& b)
+{
+    std::error_code ignored;
+    return std::filesystem::equivalent(a, b, ignored) ||
+           std::filesystem::weakly_canonical(a, ignored) == std::filesystem::weakly_canonical(b, ignored);
+}
+
+bool isDevice(const std::string& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_other(path, ignored);
+}
+
 OutputFile::OutputFile(std::string path)
     : path_(std::move(path))
+    , written_(path_)
 {
+    std::error_code ignored;
+    if (!std::filesystem::exists(path_, ignored) || std::filesystem::is_regular_file(path_, ignored)) {
+        static int count = 0;
+        place_ = std::filesystem::weakly_canonical(path_, ignored);
+        written_ = place_.parent_path() / fmt::format(".velk-{}-{}.part", getpid(), ++count);
+    }
     errno = 0;
-    file_.open(path_, std::ios::binary);
+    file_.open(written_, std::ios::binary);
     if (!file_) {
         fail(path_, "written");
     }
 }
 
+OutputFile::~OutputFile()
+{
+    if (!place_.empty()) {
+        std::error_code ignored;
+        std::filesystem::remove(written_, ignored);
+    }
+}
+
 void OutputFile::finish()
 {
-    errno = 0;
+    if (file_) {
+        errno = 0;
+    }
     file_.close();
     if (!file_) {
         fail(path_, "written");
+    }
+    if (!place_.empty()) {
+        std::error_code error;
+        std::filesystem::rename(written_, place_, error);
+        if (error) {
+            throw InputError(path_ + ": can't be written: " + error.message());
+        }
     }
 }
 

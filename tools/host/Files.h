@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -12,11 +13,20 @@ namespace velk_tools
 /// The whole of a file. Throws InputError when it can't be read.
 std::string readTextFile(const std::string& path);
 
-/// The one place in which tools open what they write. Throws InputError when the file can't be opened.
+/// Whether two paths, of files that need not exist, lead to one place.
+bool isSameFile(const std::string& a, const std::string& b);
+/// A device or a pipe, which is no file to keep.
+bool isDevice(const std::string& path);
+
+/// The one place in which tools open what they write. A file is written beside its place, and takes it when
+/// it is complete; devices and pipes are written directly. Throws InputError when the file can't be opened.
 class OutputFile
 {
 public:
     explicit OutputFile(std::string path);
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile();
 
     std::ostream& out() { return file_; }
     /// Ends the writing. Throws InputError when something of it failed, as on a full disk.
@@ -24,6 +34,8 @@ public:
 
 private:
     std::string path_;
+    std::filesystem::path written_;
+    std::filesystem::path place_; ///< Empty for what is written directly.
     std::ofstream file_;
 };
 

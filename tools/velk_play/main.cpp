@@ -6,12 +6,14 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Options.h"
+#include "host/Files.h"
 #include "host/InputError.h"
 #include "host/recording/RecordingReader.h"
 #include "host/scene/SceneReader.h"
@@ -38,9 +40,26 @@ velk_tools::Pace paceOf(const Options& options)
     return options.realTime ? Pace::RealTime : Pace::AsFastAsPossible;
 }
 
+void refuseOverwriting(const Options& options)
+{
+    std::vector<std::string> used{options.scene, options.recording, options.triggers};
+    for (const std::string& output : {options.events, options.frames, options.report, options.trace}) {
+        if (output.empty() || velk_tools::isDevice(output)) {
+            continue;
+        }
+        for (const std::string& other : used) {
+            if (!other.empty() && velk_tools::isSameFile(output, other)) {
+                throw velk_tools::InputError(output + ": would overwrite an input or another output");
+            }
+        }
+        used.push_back(output);
+    }
+}
+
 void run(const Options& options)
 {
     using namespace velk_tools;
+    refuseOverwriting(options);
     const bool traces = !options.trace.empty();
     const Scene scene = traces ? withoutEasing(loadScene(options.scene)) : loadScene(options.scene);
     const Recording recording = loadRecording(options.recording, options.triggers);
@@ -85,6 +104,9 @@ int guardedMain(int argc, char** argv, Options& options)
         fmt::print(stderr, "velk-play: {}; --help tells more\n", error.what());
         return kBadInput;
     } catch (const velk_tools::InputError& error) {
+        fmt::print(stderr, "velk-play: {}\n", error.what());
+        return kBadInput;
+    } catch (const std::system_error& error) { // standard output, which is full or closed
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::exception& error) {

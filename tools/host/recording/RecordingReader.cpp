@@ -112,7 +112,8 @@ std::string eventsBeside(const std::string& path)
 {
     std::filesystem::path events(path);
     events.replace_filename(events.stem().string() + "_events.csv");
-    return std::filesystem::exists(events) ? events.string() : std::string();
+    std::error_code ignored; // The name may be too long for a file.
+    return std::filesystem::exists(events, ignored) ? events.string() : std::string();
 }
 
 } // namespace

@@ -3,6 +3,10 @@
 
 #include "output/TransitionPrinter.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
 #include <fmt/format.h>
 
 namespace velk_tools
@@ -55,6 +59,10 @@ void TransitionPrinter::end(const Summary& summary)
     }
     fmt::print("{} frames, {} transitions, {:.1f} us a frame inside the library (worst {:.1f} us)\n",
                summary.frames, summary.transitions, summary.meanMicroseconds, summary.worstMicroseconds);
+    errno = 0;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw std::system_error(errno, std::generic_category(), "standard output: can't be written");
+    }
 }
 
 } // namespace velk_tools
