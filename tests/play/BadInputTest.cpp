@@ -91,6 +91,7 @@ TEST_F(BadInput, RecordingComplaintsNameTheLine)
         {"time,colour\n0,red\n", ": has neither the columns of hands ('root_px') nor of devices ('head_px')"},
         {"time,hand,root_px\n", ": has no column 'handedness'"},
         {head, ": has no rows"},
+        {"\xEF\xBB\xBF" + head, ": has no rows"},
         {head + good + "1,2,3\n", ":4: has 3 cells where the table has 22 columns"},
         {head + "0,1,nan,3,0,0,0,1" + rest, ":3: 'nan' in column 'head_py' is not a number"},
         {head + "0,1,2,3,0,0,0,2" + rest, ":3: the rotation in 'head_qx' to 'head_qw' is not of unit length"},

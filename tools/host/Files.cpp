@@ -38,7 +38,11 @@ std::string readTextFile(const std::string& path)
     if (!file) {
         fail(path, "read");
     }
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (text.starts_with("\xEF\xBB\xBF")) { // a byte order mark
+        text.erase(0, 3);
+    }
+    return text;
 }
 
 bool isSameFile(const std::string& a, const std::string& b)
