@@ -1,8 +1,8 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
+#include "velk_core/interaction/poke/visuals/PokeButtonVisual.h"
 #include "math/Aliases.h"
 #include "tests/support/PokeScene.h"
-#include "velk_core/interaction/poke/visuals/PokeButtonVisual.h"
 
 #include <optional>
 

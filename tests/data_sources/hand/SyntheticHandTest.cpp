@@ -3,7 +3,7 @@
 #include "velk_core/data_sources/hand/SyntheticHand.h"
 
 #include "math/Aliases.h"
-#include "tests/hands/HandChain.h"
+#include "tests/data_sources/hand/HandChain.h"
 #include "velk_core/core/TimeProvider.h"
 
 namespace velk::data_source

@@ -3,7 +3,7 @@
 #include "velk_core/data_sources/hand/OneEuroHandFilter.h"
 
 #include "math/Aliases.h"
-#include "tests/hands/HandChain.h"
+#include "tests/data_sources/hand/HandChain.h"
 #include "tests/support/RecordedHand.h"
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/visuals/HandPokeLimiterVisual.h"
 
-#include "tests/hands/HandChain.h"
+#include "tests/data_sources/hand/HandChain.h"
 #include "velk_core/core/TimeProvider.h"
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
 
