@@ -82,6 +82,7 @@ void run(const Options& options)
     }
 
     std::vector<Observer*> observers;
+    observers.reserve(outputs.size());
     for (const auto& output : outputs) {
         observers.push_back(output.get());
     }
@@ -117,6 +118,7 @@ int guardedMain(int argc, char** argv, Options& options)
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): all but a message that can't be printed is caught
 int main(int argc, char** argv)
 {
     Options options;

@@ -33,8 +33,8 @@ struct Actor
 template <typename Surface>
 struct Target
 {
-    Surface surface;
-    Interactable interactable;
+    Surface surface{};
+    Interactable interactable{};
 };
 
 template <typename Surface>

@@ -91,6 +91,7 @@ void readDevices(const CsvTable& table, Recording& recording)
 {
     const std::size_t time = table.column("time");
     std::vector<PoseColumns> columns;
+    columns.reserve(std::size(kDeviceNames));
     for (const std::string_view device : kDeviceNames) {
         columns.emplace_back(table, device);
     }
