@@ -41,7 +41,7 @@ public:
     template <typename T>
     T raw()
     {
-        T value;
+        T value{};
         for (std::size_t i = 0; i < sizeof(T); ++i) {
             reinterpret_cast<uint8_t*>(&value)[i] = byte();
         }
@@ -61,7 +61,8 @@ public:
     {
         const uint8_t code = byte();
         if (code < kCoarse) {
-            return static_cast<float>(code - kCoarse / 2) * 0.0025f;
+            const int steps = code - kCoarse / 2;
+            return static_cast<float>(steps) * 0.0025f;
         }
         if (code < kSpecial) {
             return static_cast<float>(code - kCoarse) - 15.5f;
