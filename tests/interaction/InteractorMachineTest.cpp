@@ -12,7 +12,6 @@
 
 using namespace velk;
 using namespace velk::test;
-using interaction::InteractableState;
 using interaction::InteractorState;
 using testing::ElementsAre;
 using testing::IsEmpty;

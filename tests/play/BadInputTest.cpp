@@ -43,6 +43,8 @@ TEST_F(BadInput, SceneComplaintsNameLineOrKey)
     const Case cases[] = {
         {"{\n 'title': oops\n}", ": line 2, column 11: "},
         {"[]", ": the file: expected an object"},
+        {"{'title': 'a\\u001b'}", ": title: holds a control character"},
+        {"{'title': 'a', 'title': 'b'}", ": the key 'title' stands twice"},
         {"{'pannels': []}", ": pannels: unknown key; did you mean panels?"},
         {"{'rays': [{'name': 'a', 'driver': {'device': 'left', 'key': 1}}]}",
          ": rays[0].driver.key: unknown key"},

@@ -119,4 +119,18 @@ TEST_F(RecordedPlay, PinchesGripsAndTriggersComeWhenTheyWereRecorded)
                 AllOf(HasSubstr("<svg"), Not(HasSubstr("src=")), Not(HasSubstr("nan"))));
 }
 
+TEST_F(RecordedPlay, OneRowMakesASoundPage)
+{
+    std::istringstream table(read(VELK_DATA_DIR "/motion/joints24/tap_110hz.csv"));
+    std::string text;
+    int rows = 0;
+    for (std::string line; rows < 2 && std::getline(table, line); rows += line.starts_with('#') ? 0 : 1) {
+        text += line + "\n";
+    }
+    const std::string page = path("page.html");
+    ASSERT_EQ(play(VELK_SCENES_DIR "/tap_panel.json " + write("one.csv", text) + " --report " + page), 0)
+        << err();
+    EXPECT_THAT(read(page), AllOf(Not(HasSubstr("nan")), Not(HasSubstr("=\"inf")), Not(HasSubstr("-inf"))));
+}
+
 } // namespace velk::test

@@ -63,7 +63,13 @@ OutputFile::OutputFile(std::string path)
     , written_(path_)
 {
     std::error_code ignored;
-    if (!std::filesystem::exists(path_, ignored) || std::filesystem::is_regular_file(path_, ignored)) {
+    const bool isNew = !std::filesystem::exists(path_, ignored);
+    const bool isOld = std::filesystem::is_regular_file(path_, ignored);
+    errno = 0;
+    if (isOld && !std::ofstream(path_, std::ios::binary | std::ios::app)) {
+        fail(path_, "written"); // though another could be put into its place
+    }
+    if (isNew || isOld) {
         static int count = 0;
         place_ = std::filesystem::weakly_canonical(path_, ignored);
         written_ = place_.parent_path() / fmt::format(".velk-{}-{}.part", getpid(), ++count);
@@ -72,6 +78,10 @@ OutputFile::OutputFile(std::string path)
     file_.open(written_, std::ios::binary);
     if (!file_) {
         fail(path_, "written");
+    }
+    if (isOld) {
+        std::filesystem::permissions(written_, std::filesystem::status(place_, ignored).permissions(),
+                                     ignored);
     }
 }
 

@@ -6,6 +6,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/Printable.h"
+#include <string>
+
 namespace velk_tools
 {
 
@@ -13,7 +16,10 @@ namespace velk_tools
 class InputError : public std::runtime_error
 {
 public:
-    using std::runtime_error::runtime_error;
+    explicit InputError(const std::string& line)
+        : std::runtime_error(printable(line))
+    {
+    }
 };
 
 } // namespace velk_tools

@@ -42,7 +42,8 @@ velk_tools::Pace paceOf(const Options& options)
 
 void refuseOverwriting(const Options& options)
 {
-    std::vector<std::string> used{options.scene, options.recording, options.triggers};
+    std::vector<std::string> used{options.scene, options.recording, options.triggers,
+                                  velk_tools::eventsBeside(options.recording)};
     for (const std::string& output : {options.events, options.frames, options.report, options.trace}) {
         if (output.empty() || velk_tools::isDevice(output)) {
             continue;
@@ -102,7 +103,7 @@ int guardedMain(int argc, char** argv, Options& options)
         if (error.get_exit_code() == 0) {
             return app.exit(error); // help or version
         }
-        fmt::print(stderr, "velk-play: {}; --help tells more\n", error.what());
+        fmt::print(stderr, "velk-play: {}; --help tells more\n", velk_tools::printable(error.what()));
         return kBadInput;
     } catch (const velk_tools::InputError& error) {
         fmt::print(stderr, "velk-play: {}\n", error.what());
@@ -111,7 +112,7 @@ int guardedMain(int argc, char** argv, Options& options)
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::exception& error) {
-        fmt::print(stderr, "velk-play: internal error: {}\n", error.what());
+        fmt::print(stderr, "velk-play: internal error: {}\n", velk_tools::printable(error.what()));
         return EXIT_FAILURE;
     }
 }

@@ -228,7 +228,8 @@ TEST(PinchGeometry, DegenerateSegmentsMeasureFromTheirEnd)
     EXPECT_EQ(toSegment({1.0f, 4.0f, 0.0f}, {}, end), 4.0f);
     EXPECT_EQ(toSegment({4.0f, 3.0f, 0.0f}, end, end), 3.0f);
     EXPECT_TRUE(std::isnan(toSegment({kNaN, 0.0f, 0.0f}, {}, end)));
-    for (float x = 0.5f; x < 4.0f; x += 0.5f) { // two that cross, seen along Z: the gap
+    for (int i = 1; i < 8; ++i) { // two that cross, seen along Z: the gap
+        const float x = 0.5f * static_cast<float>(i);
         EXPECT_NEAR(between({}, end, {4.0f - x, -1.0f, 0.2f}, {x, 1.0f, 0.2f}), 0.2f, 1e-5f);
     }
     // Beyond both ends; parallel, with the start nearer; no length in the first, and in the second.

@@ -17,7 +17,7 @@ PokeInteractable::Config configOf(const velk_PokeInteractableConfig* record)
 {
     const auto patch = capi::surface_patch::insert(Button({}).clippedTo({}, {}));
     const auto made = capi::poke_interactable::createWithConfig(patch, record);
-    const auto config = capi::interactable::getRawPtr<PokeInteractable>(made)->getConfig();
+    auto config = capi::interactable::getRawPtr<PokeInteractable>(made)->getConfig();
     capi::interactable::destroy(made);
     capi::surface_patch::destroy(patch);
     return config;

@@ -106,7 +106,7 @@ TEST_F(PokePress, IsVetoedByACloseSurfaceBehind)
         addAt("2", x, 10 - behind).setCloseDistanceThreshold(closeDistance * kUnit);
         addAt("3", 0, -3000); // out of range
         finger.at(58, from);
-        const std::string raised = finger.at(58, -10); // 4 beside the first
+        std::string raised = finger.at(58, -10); // 4 beside the first
         finger.at(300, 500);
         clear();
         config.minThresholds.enabled = false;

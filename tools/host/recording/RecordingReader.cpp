@@ -109,6 +109,8 @@ void readDevices(const CsvTable& table, Recording& recording)
     }
 }
 
+} // namespace
+
 std::string eventsBeside(const std::string& path)
 {
     std::filesystem::path events(path);
@@ -117,13 +119,11 @@ std::string eventsBeside(const std::string& path)
     return std::filesystem::exists(events, ignored) ? events.string() : std::string();
 }
 
-} // namespace
-
 Recording parseRecording(const std::string& name, std::string_view text)
 {
     const CsvTable table(name, text);
     Recording recording;
-    recording.name = std::filesystem::path(name).stem().string();
+    recording.name = printable(std::filesystem::path(name).stem().string());
     if (table.hasColumn("root_px")) {
         readHands(table, recording);
     } else if (table.hasColumn("head_px")) {

@@ -18,8 +18,11 @@ Recording parseRecording(const std::string& name, std::string_view text);
 /// Adds the presses and releases of an events table to the frames at, or first after, their times.
 void addTriggers(Recording& recording, const std::string& name, std::string_view text);
 
+/// The triggers of the recording at path, if there is such a file: <stem>_events.csv beside it. Else empty.
+std::string eventsBeside(const std::string& path);
+
 /// Reads the recording at path, and for one of controllers also its triggers: from triggersPath, or when that
-/// is empty from <stem>_events.csv beside it, if there is such a file.
+/// is empty from eventsBeside().
 Recording loadRecording(const std::string& path, const std::string& triggersPath);
 
 } // namespace velk_tools

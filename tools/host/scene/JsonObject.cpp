@@ -73,7 +73,11 @@ std::string JsonObject::text(const std::string& key)
     if (!value.is_string() || value.get_ref<const std::string&>().empty()) {
         fail(key, "expected a text that is not empty");
     }
-    return value.get<std::string>();
+    std::string text = value.get<std::string>();
+    if (printable(text) != text) {
+        fail(key, "holds a control character");
+    }
+    return text;
 }
 
 Vec3 JsonObject::vector(const std::string& key)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <set>
 
 #include <fmt/format.h>
 
@@ -298,6 +299,23 @@ std::string parseMessage(const nlohmann::json::exception& error)
     return line == std::string::npos ? message.substr(message.find("] ") + 2) : message.substr(line);
 }
 
+/// Of two equal keys the parser would drop the first.
+nlohmann::json::parser_callback_t refuseTwins(const std::string& file)
+{
+    using Event = nlohmann::json::parse_event_t;
+    return [file, open = std::vector<std::set<std::string>>()](int, Event event,
+                                                               const nlohmann::json& parsed) mutable {
+        if (event == Event::object_start) {
+            open.emplace_back();
+        } else if (event == Event::object_end) {
+            open.pop_back();
+        } else if (event == Event::key && !open.back().insert(parsed.get<std::string>()).second) {
+            throw InputError(fmt::format("{}: the key '{}' stands twice", file, parsed.get<std::string>()));
+        }
+        return true;
+    };
+}
+
 void requireHand(const Scene& scene, const std::string& key, Side side, const Recording& recording)
 {
     if (!recording.hasHand(side)) {
@@ -312,12 +330,12 @@ Scene parseScene(const std::string& name, std::string_view text)
 {
     nlohmann::json json;
     try {
-        json = nlohmann::json::parse(text);
+        json = nlohmann::json::parse(text, refuseTwins(name));
     } catch (const nlohmann::json::exception& error) {
         throw InputError(fmt::format("{}: {}", name, parseMessage(error)));
     }
     Scene scene = readScene(JsonObject(name, "", json));
-    scene.file = name;
+    scene.file = printable(name);
     return scene;
 }
 

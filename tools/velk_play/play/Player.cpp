@@ -21,7 +21,8 @@ using Clock = std::chrono::steady_clock;
 
 void waitFor(const Frame& frame, double firstTime, Clock::time_point start)
 {
-    const std::chrono::duration<double> due(frame.time - firstTime);
+    constexpr double kLongest = 1e9; // seconds; more would not fit the clock
+    const std::chrono::duration<double> due(std::min(frame.time - firstTime, kLongest));
     std::this_thread::sleep_until(start + std::chrono::duration_cast<Clock::duration>(due));
 }
 

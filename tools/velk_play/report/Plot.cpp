@@ -30,6 +30,11 @@ Plot::Plot(PlotLayout layout)
     , plotHeight_(layout_.height - kTop - kBottom)
     , svg_(layout_.width, layout_.height, layout_.title)
 {
+    for (Range* range : {&layout_.x, &layout_.y}) {
+        if (range->low == range->high) {
+            range->high += 1; // a recording of one frame
+        }
+    }
     drawFrame();
     svg_.beginClipped(kLeft, kTop, plotWidth_, plotHeight_);
 }
