@@ -121,6 +121,7 @@ std::vector<float> stepsUnder(Id id, float value)
     Chain chain(1);
     chain.modifier->updateAttribute(static_cast<int>(id), value);
     std::vector<float> steps;
+    steps.reserve(std::size(kSteps));
     for (const float x : kSteps) {
         steps.push_back(chain.feed(x));
     }
