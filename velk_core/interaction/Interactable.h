@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace velk::interaction
 {

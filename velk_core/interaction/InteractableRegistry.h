@@ -6,7 +6,6 @@
 #include "velk_core/utility/OrderedSet.h"
 #include "velk_core/utility/Subscription.h"
 
-#include <cstdint>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -57,15 +56,6 @@ public:
     {
         whenInteractableDestroyed_.invoke(interactable);
     }
-    uint32_t subscribeToWhenInteractableDestroyed(std::function<void(const TInteractable*)>&& handler)
-    {
-        return whenInteractableDestroyed_.subscribe(std::move(handler));
-    }
-    void unsubscribeToWhenInteractableDestroyed(uint32_t token)
-    {
-        whenInteractableDestroyed_.unsubscribe(token);
-    }
-
     utility::Subscription
     registerInteractableDestroyedHandler(std::function<void(const TInteractable*)>&& handler)
     {
