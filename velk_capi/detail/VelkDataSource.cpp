@@ -13,6 +13,7 @@
 #include "velk_telemetry/detail/Telemetry.h"
 
 #include <memory>
+#include <utility>
 
 namespace velk::capi
 {
