@@ -30,7 +30,7 @@ void InteractorMachine::drive()
 {
     preprocess();
     if (!updateActiveState()) {
-        disable(); // again, as in preprocess(): a kind's own disable() is told by each step that stops
+        disable(); // again: a kind that overrides disable() is called at each step that stops
         postprocess();
         return;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "math/Aliases.h"
+
 #include <cstdint>
 
 namespace velk::interaction

@@ -17,7 +17,7 @@ public:
     /// What the finger has recoiled from; null when it has not.
     PokeInteractable* getInteractable() const { return interactable_; }
 
-    /// The depth that presses again is kept from an earlier recoil: begin() sets it before it is read.
+    /// Forgets the deepest point. The depth that presses again stays: begin() sets it before it is read.
     void pressBegan() { maxDepth_ = 0.0f; }
 
     /// In each frame of a press. Remembers the deepest point.
