@@ -9,10 +9,10 @@
 namespace velk::common
 {
 
-/// A static object that outlives all others: its destructor never runs, so a call during or after exit, from
-/// whichever thread, still finds it. It lies in static bytes; what it holds on the heap is given back only
-/// where its owner lets go of it, so tables drop their buffers with their last entry and an unloaded library
-/// leaves nothing behind of what the host destroyed.
+/// A static object whose destructor never runs, so that a call during or after exit, from whichever thread,
+/// still finds it. It lies in static bytes. What it holds on the heap is its owner's to let go of: tables
+/// drop their buffers with their last entry, so that an unloaded library leaves nothing behind of what the
+/// host destroyed.
 template <typename T>
 class NeverDestroyed
 {

@@ -31,10 +31,10 @@ struct Actor
 
 /// What is acted on.
 template <typename Surface>
-struct Target
+struct Target // NOLINT(cppcoreguidelines-pro-type-member-init): a handle is never made without a value
 {
-    Surface surface{};
-    Interactable interactable{};
+    Surface surface;
+    Interactable interactable;
 };
 
 template <typename Surface>

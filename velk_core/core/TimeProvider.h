@@ -19,7 +19,7 @@ public:
     template <typename TimeFunction>
     explicit TimeProvider(TimeFunction timeFunction)
         : timeFunction_(std::move(timeFunction))
-        , readsFloats_(std::is_same_v<std::invoke_result_t<TimeFunction&>, float>)
+        , readsFloats_(std::is_same_v<std::remove_cvref_t<std::invoke_result_t<TimeFunction&>>, float>)
     {
     }
     TimeProvider(const TimeProvider&) = delete;

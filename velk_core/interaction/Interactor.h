@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace velk::interaction
@@ -153,7 +154,7 @@ private:
         try {
             interactable()->addInteractor(getInteractorPtr());
             interactableSet(static_cast<TInteractable*>(target));
-        } catch (...) {
+        } catch (const std::bad_alloc&) {
             unsetInteractable();
             throw;
         }
@@ -179,7 +180,7 @@ private:
         try {
             selectedInteractable()->addSelectingInteractor(getInteractorPtr());
             interactableSelected(static_cast<TInteractable*>(target));
-        } catch (...) {
+        } catch (const std::bad_alloc&) {
             unselectInteractable();
             throw;
         }

@@ -64,8 +64,8 @@ public:
         return HandlerToken(*this, subscribe(std::move(handler)));
     }
 
-    /// Unsubscribes a callback from `former` and subscribes it here, without allocating unless `former` is in
-    /// a pass. Returns its new token.
+    /// Unsubscribes a callback, whose token must be live, from `former` and subscribes it here. Allocates
+    /// only while `former` is in a pass. Returns the new token.
     uint32_t takeOver(MultiAction& former, uint32_t token)
     {
         if (former.innermost_ != nullptr) {
@@ -109,10 +109,19 @@ private:
         explicit Pass(MultiAction& inAction)
             : action(&inAction)
             , handlers(&inAction.handlers_)
-            , outer(std::exchange(inAction.innermost_, this))
+            , outer(inAction.innermost_)
             , endToken(inAction.nextToken_)
             , lastRemovalBefore(inAction.lastRemoval_)
         {
+// g++ can't see that a list which keeps this address is itself gone when the destructor leaves it there.
+#if defined(__GNUC__) && !defined(__clang__) && __GNUC__ >= 12
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"
+#endif
+            inAction.innermost_ = this;
+#if defined(__GNUC__) && !defined(__clang__) && __GNUC__ >= 12
+#pragma GCC diagnostic pop
+#endif
         }
         Pass(const Pass&) = delete;
         Pass& operator=(const Pass&) = delete;

@@ -13,7 +13,7 @@ namespace velk::interaction
 {
 
 /// One search of a finger for what it presses, or else hovers. PokePress.cpp holds the rules by which a press
-/// begins, PokeHover.cpp those of a hover.
+/// begins, PokeHover.cpp those of a hover, PokeSearch.cpp what both ask.
 class PokeSearch
 {
 public:
