@@ -42,7 +42,7 @@ constexpr const char* kCreateFeature = "hand_filter_oneeuro";
 /// One for all calls: a record per frame then takes no memory per frame. Empty while there is no source.
 HandData& scratchHand()
 {
-    static common::NeverDestroyed<HandData> hand(0);
+    static velk::common::NeverDestroyed<HandData> hand(0);
     return *hand;
 }
 
@@ -58,7 +58,7 @@ namespace data_source
 
 Registry& getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 

@@ -19,7 +19,8 @@ namespace internal
 
 ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>> registry;
+    static velk::common::NeverDestroyed<ObjectRegistry<DirectionQuantizer, VelkDirectionQuantizerHandle>>
+        registry;
     return *registry;
 }
 

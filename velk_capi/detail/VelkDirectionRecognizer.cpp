@@ -22,7 +22,7 @@ namespace internal
 
 ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>>
+    static velk::common::NeverDestroyed<ObjectRegistry<DirectionRecognizer, VelkDirectionRecognizerHandle>>
         registry;
     return *registry;
 }
@@ -37,7 +37,7 @@ using Wanted = std::vector<std::pair<DirectionQuantizer::Axis, DirectionQuantize
 /// One for all calls: a list per frame then takes no memory per frame. Empty while there is no recognizer.
 Wanted& scratchList()
 {
-    static common::NeverDestroyed<Wanted> list;
+    static velk::common::NeverDestroyed<Wanted> list;
     return *list;
 }
 

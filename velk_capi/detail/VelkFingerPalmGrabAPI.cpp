@@ -22,7 +22,7 @@ namespace internal
 
 ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>> registry;
+    static velk::common::NeverDestroyed<ObjectRegistry<FingerPalmGrabAPI, VelkPalmGrabAPIHandle>> registry;
     return *registry;
 }
 

@@ -23,7 +23,7 @@ namespace internal
 
 ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle>> registry;
+    static velk::common::NeverDestroyed<ObjectRegistry<FingerPinchGrabAPI, VelkPinchGrabAPIHandle>> registry;
     return *registry;
 }
 

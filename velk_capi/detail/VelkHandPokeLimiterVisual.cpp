@@ -19,7 +19,7 @@ using velk::data_source::SyntheticHand;
 
 Registry& getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 

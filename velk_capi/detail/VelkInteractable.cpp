@@ -17,13 +17,13 @@ namespace internal
 
 Registry& getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 
 ReverseLookUpRegistry& getReverseLookUpRegistry()
 {
-    static common::NeverDestroyed<ReverseLookUpRegistry> registry;
+    static velk::common::NeverDestroyed<ReverseLookUpRegistry> registry;
     return *registry;
 }
 

@@ -16,7 +16,8 @@ namespace velk::capi::interactor
 
 ObjectRegistry<interaction::IInteractor, VelkInteractorHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<interaction::IInteractor, VelkInteractorHandle>> registry;
+    static velk::common::NeverDestroyed<ObjectRegistry<interaction::IInteractor, VelkInteractorHandle>>
+        registry;
     return *registry;
 }
 

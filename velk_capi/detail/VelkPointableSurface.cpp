@@ -20,7 +20,7 @@ constexpr int32_t kNoHit = 2;
 
 internal::Registry& internal::getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 

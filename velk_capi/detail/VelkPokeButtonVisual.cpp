@@ -17,7 +17,7 @@ using interaction::PokeInteractable;
 
 Registry& getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 

@@ -9,7 +9,7 @@ namespace velk::capi::proximity_field
 
 Registry& getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 

@@ -12,7 +12,7 @@ namespace velk::capi::selector
 
 ObjectRegistry<select::Selector, VelkSelectorHandle>& getRegistry()
 {
-    static common::NeverDestroyed<ObjectRegistry<select::Selector, VelkSelectorHandle>> registry;
+    static velk::common::NeverDestroyed<ObjectRegistry<select::Selector, VelkSelectorHandle>> registry;
     return *registry;
 }
 

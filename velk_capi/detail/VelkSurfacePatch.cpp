@@ -9,7 +9,7 @@ namespace velk::capi::surface_patch
 
 internal::Registry& internal::getRegistry()
 {
-    static common::NeverDestroyed<Registry> registry;
+    static velk::common::NeverDestroyed<Registry> registry;
     return *registry;
 }
 
