@@ -79,6 +79,8 @@ public:
         return nextToken_++;
     }
 
+    bool hasHandlers() const { return !handlers_.empty(); }
+
     void invoke(Args... args)
     {
         // The common case of a frame: nobody listens.

@@ -54,6 +54,12 @@ public:
 
     void publishPointerEvent(PointerEvent&& event) { whenPointerEventRaised_.invoke(event); }
 
+    /// Whether anybody would hear of a pointer event.
+    bool isPointerEventHeard() const
+    {
+        return whenPointerEventRaised_.hasHandlers() || pointableElement_ != nullptr;
+    }
+
     /// Empty when there is none.
     std::shared_ptr<IPointableElement> getPointableElement() const { return pointableElement_; }
 

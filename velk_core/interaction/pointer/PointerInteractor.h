@@ -76,9 +76,14 @@ protected:
     /// Where the pointer is now, in world space.
     virtual Posef computePointerPose() = 0;
 
+    /// Whether to compute the pose also where there is nobody to tell, since others see that it is computed.
+    virtual bool isPointerPoseObserved() const { return true; }
+
     void generatePointerEvent(PointerEventType type, TInteractable* target)
     {
-        // The pose comes first, also where there is nobody to tell.
+        if (!isPointerPoseObserved() && (target == nullptr || !target->isPointerEventHeard())) {
+            return;
+        }
         const Posef pose = computePointerPose();
         if (target == nullptr) {
             return;

@@ -103,6 +103,7 @@ protected:
     void handleDisabled() override;
     PokeInteractor* getInteractorPtr() override;
     Posef computePointerPose() override;
+    bool isPointerPoseObserved() const override { return false; }
     void interactableDestroyed(const PokeInteractable* interactable) override;
 
 private:

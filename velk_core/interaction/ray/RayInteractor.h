@@ -105,6 +105,9 @@ protected:
     /// The moved thing's pose, or that of the hit looking along its normal, or the identity with no hit.
     Posef computePointerPose() override;
 
+    /// By a movement, which is the host's.
+    bool isPointerPoseObserved() const override { return movement_ != nullptr; }
+
     void interactableDestroyed(const RayInteractable* interactable) override;
 
 private:
