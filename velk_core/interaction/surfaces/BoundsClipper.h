@@ -24,6 +24,8 @@ public:
     /// The box in the frame of a surface at `surfacePose`. Always true.
     bool getLocalBounds(const Posef& surfacePose, velk::math::AxisAlignedBox& bounds) const;
 
+    velk::input::IPose& getPoseSource() const { return *poseSource_; }
+
 private:
     std::shared_ptr<velk::input::IPose> poseSource_;
     Vector3f position_;

@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <limits>
+#include <typeinfo>
 #include <utility>
 
 namespace velk::interaction::surface
 {
 
 ClippedPlaneSurface::ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface)
-    : backingSurface_(std::move(backingSurface))
+    : ClippedPlaneSurface(std::move(backingSurface), {})
 {
 }
 
@@ -18,7 +19,35 @@ ClippedPlaneSurface::ClippedPlaneSurface(std::shared_ptr<PointablePlane> backing
                                          std::vector<BoundsClipper> clippers)
     : backingSurface_(std::move(backingSurface))
     , clippers_(std::move(clippers))
+    , tellsOfChanges_(listenToFrames())
 {
+}
+
+// False when the plane or a frame is of a class that may move unheard.
+bool ClippedPlaneSurface::listenToFrames()
+{
+    if (typeid(*backingSurface_) != typeid(PointablePlane)) {
+        return false;
+    }
+    plane_.listenTo(*backingSurface_);
+    for (const BoundsClipper& clipper : clippers_) {
+        velk::input::IPose& frame = clipper.getPoseSource();
+        if (&frame == static_cast<velk::input::IPose*>(backingSurface_.get())) {
+            continue;
+        }
+        if (typeid(frame) != typeid(PointablePlane)) {
+            return false;
+        }
+        frames_.push_back(std::make_unique<Dependence>(*this));
+        frames_.back()->listenTo(static_cast<PointablePlane&>(frame));
+    }
+    return true;
+}
+
+void ClippedPlaneSurface::dependenceChanged()
+{
+    isCurrent_ = false;
+    changed();
 }
 
 Posef ClippedPlaneSurface::getPose() const
@@ -78,6 +107,16 @@ void ClippedPlaneSurface::setSize(const Vector2f& size)
 }
 
 bool ClippedPlaneSurface::getLocalClipBounds(velk::math::AxisAlignedBox& bounds) const
+{
+    if (!isCurrent_) {
+        hasClipBounds_ = computeLocalClipBounds(clipBounds_);
+        isCurrent_ = tellsOfChanges_;
+    }
+    bounds = clipBounds_;
+    return hasClipBounds_;
+}
+
+bool ClippedPlaneSurface::computeLocalClipBounds(velk::math::AxisAlignedBox& bounds) const
 {
     constexpr float kUnlimited = std::numeric_limits<float>::max();
     bounds =

@@ -7,6 +7,7 @@
 #include "velk_core/interaction/surfaces/BoundsClipper.h"
 #include "velk_core/interaction/surfaces/ISurfacePatch.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
+#include "velk_core/interaction/surfaces/SurfaceChanges.h"
 
 #include <memory>
 #include <vector>
@@ -15,9 +16,9 @@ namespace velk::interaction::surface
 {
 
 /// The part of a plane that lies in all of a list of boxes: a poke button on its panel. Clippers with
-/// nothing in common make an empty patch, which every query misses. Nothing is cached, so a clipper's
-/// frame may move at any time.
-class ClippedPlaneSurface : public ISurfacePatch
+/// nothing in common make an empty patch, which every query misses. A clipper's frame may move at any time: the
+/// common box is kept only where plane and frames tell of their changes.
+class ClippedPlaneSurface : public ISurfacePatch, public ChangeSource
 {
 public:
     /// Shares ownership of the plane, which must not be null. Without clippers the patch is unlimited.
@@ -34,6 +35,10 @@ public:
     bool closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const override;
 
     ISurface& getBackingSurface() const override;
+    const PointablePlane& getPlane() const { return *backingSurface_; }
+
+    /// Whether this knows of each movement of the plane and of the clippers' frames, and passes it on.
+    bool tellsOfChanges() const { return tellsOfChanges_; }
 
     /// The bounds of the plane, not of the patch.
     velk::math::AxisAlignedBox getBounds() const override;
@@ -50,8 +55,33 @@ public:
     bool clampPoint(const Vector3f& point, Vector3f& clamped) const;
 
 private:
+    /// Hears of one thing that the patch depends on.
+    class Dependence : public ChangeListener
+    {
+    public:
+        explicit Dependence(ClippedPlaneSurface& patch)
+            : patch_(patch)
+        {
+        }
+        void surfaceChanged() override { patch_.dependenceChanged(); }
+
+    private:
+        ClippedPlaneSurface& patch_;
+    };
+
+    bool listenToFrames();
+    void dependenceChanged();
+    bool computeLocalClipBounds(velk::math::AxisAlignedBox& bounds) const;
+
     std::shared_ptr<PointablePlane> backingSurface_;
     std::vector<BoundsClipper> clippers_;
+    Dependence plane_{*this};
+    std::vector<std::unique_ptr<Dependence>> frames_; // those that are not the plane
+    bool tellsOfChanges_ = false;
+    // As last computed; of use where the patch hears of changes.
+    mutable velk::math::AxisAlignedBox clipBounds_;
+    mutable bool hasClipBounds_ = false;
+    mutable bool isCurrent_ = false;
 };
 
 } // namespace velk::interaction::surface

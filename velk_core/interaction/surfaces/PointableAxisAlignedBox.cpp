@@ -15,6 +15,7 @@ void PointableAxisAlignedBox::setBounds(const Vector3f& lower, const Vector3f& u
     box_.lowerBound = lower;
     box_.upperBound = upper;
     box_.calculatedCentroidAndSizeFromBounds();
+    changed();
 }
 
 void PointableAxisAlignedBox::setCentroidAndSize(const Vector3f& centroid, const Vector3f& size)

@@ -5,12 +5,13 @@
 #include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
+#include "velk_core/interaction/surfaces/SurfaceChanges.h"
 
 namespace velk::interaction::surface
 {
 
 /// A box along the world's axes, hit from outside and from within.
-class PointableAxisAlignedBox : public ISurface
+class PointableAxisAlignedBox : public ISurface, public ChangeSource
 {
 public:
     /// `size` is the full size, here and in all the other operations.

@@ -29,20 +29,24 @@ PointablePlane::PointablePlane()
 }
 
 PointablePlane::PointablePlane(const Posef& pose, const Vector2f& size)
+    : size_(size)
 {
-    setPose(pose);
-    setSize(size);
+    PointablePlane::setPose(pose);
 }
 
 void PointablePlane::setPose(const Posef& pose)
 {
-    plane_ = velk::math::Plane(pose.translation, pose.rotation * Vector3f(0.0f, 0.0f, 1.0f));
     pose_ = pose;
+    plane_ = velk::math::Plane(pose.translation, pose.rotation * Vector3f(0.0f, 0.0f, 1.0f));
+    xAxis_ = pose.Rotate(Vector3f(1.0f, 0.0f, 0.0f));
+    yAxis_ = pose.Rotate(Vector3f(0.0f, 1.0f, 0.0f));
+    changed();
 }
 
 void PointablePlane::setSize(const Vector2f& size)
 {
     size_ = size;
+    changed();
 }
 
 Vector3f PointablePlane::getNormal() const
@@ -77,13 +81,7 @@ bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float 
     hit.distance = t;
 
     const Vector3f offset = hit.point - pose_.translation;
-    if (std::fabs(offset.Dot(pose_.Rotate(Vector3f(1.0f, 0.0f, 0.0f)))) > size_.x) {
-        return false;
-    }
-    if (std::fabs(offset.Dot(pose_.Rotate(Vector3f(0.0f, 1.0f, 0.0f)))) > size_.y) {
-        return false;
-    }
-    return true;
+    return !(std::fabs(offset.Dot(xAxis_)) > size_.x) && !(std::fabs(offset.Dot(yAxis_)) > size_.y);
 }
 
 bool PointablePlane::closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const

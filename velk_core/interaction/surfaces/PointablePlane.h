@@ -5,13 +5,14 @@
 #include "math/Aliases.h"
 #include "math/Plane.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
+#include "velk_core/interaction/surfaces/SurfaceChanges.h"
 
 namespace velk::interaction::surface
 {
 
 /// A rectangle whose front is the local +z of its pose. Rays hit the front only, within the rectangle;
 /// the closest point is that of the infinite plane, from either side.
-class PointablePlane : public ISurface
+class PointablePlane : public ISurface, public ChangeSource
 {
 public:
     /// In effect infinite, at the identity.
@@ -22,6 +23,7 @@ public:
 
     /// How far the rectangle reaches from its centre along local x and y: half-widths.
     void setSize(const Vector2f& size);
+    Vector2f getSize() const { return size_; }
 
     Vector3f getNormal() const;
 
@@ -38,9 +40,12 @@ public:
     velk::math::AxisAlignedBox getBounds() const override;
 
 private:
-    velk::math::Plane plane_; ///< derived from pose_
-    Vector2f size_;
     Posef pose_;
+    // Derived from the pose.
+    velk::math::Plane plane_;
+    Vector3f xAxis_;
+    Vector3f yAxis_;
+    Vector2f size_;
 };
 
 } // namespace velk::interaction::surface
