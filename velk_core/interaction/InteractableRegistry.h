@@ -36,19 +36,20 @@ public:
         std::vector<TInteractable*> result;
         result.reserve(interactables_.size());
         for (TInteractable* interactable : interactables_) {
-            if (filter && !filter(interactable)) {
-                continue;
+            if ((!filter || filter(interactable)) && admits(interactor, *interactable)) {
+                result.push_back(interactable);
             }
-            if (!interactor.canSelect(interactable)) {
-                continue;
-            }
-            if (!interactable->canBeSelectedBy(interactor)) {
-                continue;
-            }
-            result.push_back(interactable);
         }
         return result;
     }
+
+    /// Whether neither forbids it to the other.
+    static bool admits(TInteractor& interactor, TInteractable& interactable)
+    {
+        return interactor.canSelect(&interactable) && interactable.canBeSelectedBy(interactor);
+    }
+
+    const utility::OrderedSet<TInteractable*>& getAll() const { return interactables_; }
 
     /// Told by an interactable's destructor, so that whoever remembers its address forgets it. The pointer is
     /// for comparison only.

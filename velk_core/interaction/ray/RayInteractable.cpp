@@ -4,7 +4,9 @@
 
 #include "velk_common/NeverDestroyed.h"
 #include "velk_core/interaction/ray/RayInteractor.h"
+#include "velk_core/interaction/search/SurfaceRegion.h"
 
+#include <new>
 #include <utility>
 
 namespace velk::interaction
@@ -33,6 +35,59 @@ RayInteractable::~RayInteractable()
     getStaticRegistry().interactableDestroyed(this);
 }
 
+std::size_t RayInteractable::magneticCount_ = 0;
+
+void RayInteractable::enable()
+{
+    if (getState() != InteractableState::Disabled) {
+        return;
+    }
+    enterIndex();
+    try {
+        PointerInteractable::enable();
+    } catch (const std::bad_alloc&) {
+        if (getState() == InteractableState::Disabled) {
+            leaveIndex();
+        }
+        throw;
+    }
+}
+
+void RayInteractable::disable()
+{
+    PointerInteractable::disable();
+    leaveIndex();
+}
+
+void RayInteractable::enterIndex()
+{
+    getStaticIndex().enter(place_, search::findRegionOfRays(surface_.get()));
+    listenToSurface();
+    magneticCount_ += magnetismSurface_ != nullptr ? 1 : 0;
+}
+
+void RayInteractable::leaveIndex()
+{
+    if (place_.isEntered()) {
+        getStaticIndex().leave(place_);
+        stopListening();
+        magneticCount_ -= magnetismSurface_ != nullptr ? 1 : 0;
+    }
+}
+
+void RayInteractable::listenToSurface()
+{
+    stopListening();
+    if (auto* source = search::findChangeSource(surface_.get())) {
+        listenTo(*source);
+    }
+}
+
+void RayInteractable::surfaceChanged()
+{
+    getStaticIndex().change(place_, search::findRegionOfRays(surface_.get()));
+}
+
 surface::ISurface& RayInteractable::getSurface() const
 {
     return *surface_;
@@ -41,6 +96,10 @@ surface::ISurface& RayInteractable::getSurface() const
 void RayInteractable::setSurface(std::shared_ptr<surface::ISurface> surface)
 {
     surface_ = std::move(surface);
+    if (place_.isEntered()) {
+        listenToSurface();
+        surfaceChanged();
+    }
 }
 
 bool RayInteractable::raycastSelectSurface(const math::Ray& ray, surface::SurfaceHit& hit,
@@ -65,6 +124,17 @@ InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getStatic
 {
     static common::NeverDestroyed<InteractableRegistry<RayInteractor, RayInteractable>> registry;
     return *registry;
+}
+
+search::SurfaceIndex& RayInteractable::getStaticIndex()
+{
+    static common::NeverDestroyed<search::SurfaceIndex> index;
+    return *index;
+}
+
+std::size_t RayInteractable::getMagneticCount()
+{
+    return magneticCount_;
 }
 
 InteractableRegistry<RayInteractor, RayInteractable>& RayInteractable::getRegistry()

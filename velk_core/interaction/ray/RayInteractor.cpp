@@ -4,6 +4,7 @@
 
 #include "math/LookRotation.h"
 #include "velk_common/VelkAssert.h"
+#include "velk_core/interaction/ray/RayGathering.h"
 
 #include <cmath>
 #include <utility>
@@ -82,10 +83,13 @@ void RayInteractor::doPreprocess()
 
 RayInteractable* RayInteractor::computeCandidate()
 {
-    const std::vector<RayInteractable*> interactables = RayInteractable::getStaticRegistry().list(*this, {});
-    Candidate best = findDirectHit(interactables);
-    if (best.interactable == nullptr) {
-        best = findMagneticHit(interactables);
+    gatherAlong(ray_, inReach_);
+    std::erase_if(inReach_, [this](RayInteractable* interactable) {
+        return !RayInteractable::getStaticRegistry().admits(*this, *interactable);
+    });
+    Candidate best = findDirectHit(inReach_);
+    if (best.interactable == nullptr && RayInteractable::getMagneticCount() > 0) {
+        best = findMagneticHit(RayInteractable::getStaticRegistry().list(*this, {}));
     }
     setCandidate(best);
     return best.interactable;

@@ -132,6 +132,7 @@ private:
     // The pose of the hit in the frame of the movement's pose.
     Posef movementHitDelta_;
     math::Ray ray_;
+    std::vector<RayInteractable*> inReach_; // of the last search
     std::optional<surface::SurfaceHit> collisionInfo_;
     std::shared_ptr<RayCandidateProperties> candidateProperties_;
     Config config_;
