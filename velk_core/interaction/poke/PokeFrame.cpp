@@ -2,12 +2,41 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeFrame.h"
 
+#include "velk_common/NeverDestroyed.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
+#include "velk_core/interaction/poke/PokeInteractor.h"
+#include "velk_core/utility/OrderedSet.h"
+
+#include <algorithm>
 
 namespace velk::interaction
 {
 
 using surface::SurfaceHit;
+
+namespace
+{
+
+utility::OrderedSet<PokeFrame*>& frames()
+{
+    static common::NeverDestroyed<utility::OrderedSet<PokeFrame*>> instance;
+    return *instance;
+}
+
+} // namespace
+
+PokeFrame::PokeFrame()
+{
+    frames().insert(this);
+}
+
+PokeFrame::~PokeFrame()
+{
+    frames().erase(this);
+    if (frames().empty()) {
+        frames() = {}; // gives the buffer back, see NeverDestroyed
+    }
+}
 
 void PokeFrame::moveTo(const Vector3f& point)
 {
@@ -18,21 +47,86 @@ void PokeFrame::moveTo(const Vector3f& point)
 Vector3f PokeFrame::getPreviousOriginCarriedBy(const PokeInteractable& interactable) const
 {
     const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
-    const Posef* previousInverse = previousSurfaceTransforms_.find(interactable.getSlot());
-    const Vector3f local =
-        (previousInverse != nullptr ? *previousInverse : pose.Inverted()).Transform(previousOrigin_);
-    return pose.Transform(local);
+    const Posef previous = hasMetBefore(interactable) ? findPreviousPose(interactable) : pose;
+    return pose.Transform(previous.Inverted().Transform(previousOrigin_));
+}
+
+bool PokeFrame::isMetByTable(const PokeInteractable& interactable) const
+{
+    return remembersAll_ || interactable.isSelective();
 }
 
 bool PokeFrame::hasMetBefore(const PokeInteractable& interactable) const
 {
-    return previousSurfaceTransforms_.find(interactable.getSlot()) != nullptr;
+    if (isMetByTable(interactable)) {
+        return previousPoses_.find(interactable.getSlot()) != nullptr;
+    }
+    return interactable.getPlace().getEntered() <= moment_;
 }
 
-void PokeFrame::remember(const PokeInteractable& interactable)
+// Of an interactable that was met. One that changed after the last update was remembered then, unless it had been at
+// rest until it began the movement that it is in now.
+Posef PokeFrame::findPreviousPose(const PokeInteractable& interactable) const
 {
-    previousSurfaceTransforms_.assign(interactable.getSlot()) =
-        interactable.getSurfacePatch().getBackingSurface().getPose().Inverted();
+    const Remembered* remembered = previousPoses_.find(interactable.getSlot());
+    if (isMetByTable(interactable)) {
+        return remembered->pose;
+    }
+    const search::Place& place = interactable.getPlace();
+    const SurfaceMotion& motion = interactable.getMotion();
+    if (!place.isSilent() && place.getChanged() <= moment_) {
+        return motion.getPose();
+    }
+    const bool wasMoving = moment_ >= motion.getMovingSince();
+    const bool isRemembered = remembered != nullptr && (wasMoving || remembered->moment == moment_);
+    return isRemembered ? remembered->pose : motion.getRestPose();
+}
+
+void PokeFrame::remember(const PokeInteractable& interactable, const Posef& pose, uint64_t moment)
+{
+    previousPoses_.assign(interactable.getSlot()) = {pose, moment};
+}
+
+void PokeFrame::rememberSurfaces(PokeInteractor& finger)
+{
+    const uint64_t now = PokeInteractable::getStaticIndex().getChanges();
+    const auto rememberOne = [&](PokeInteractable& interactable) {
+        if (PokeInteractable::getStaticRegistry().admits(finger, interactable)) {
+            remember(interactable, interactable.getSurfacePatch().getBackingSurface().getPose(), now);
+        }
+    };
+    if (remembersAll_) {
+        for (PokeInteractable* interactable : PokeInteractable::getStaticRegistry().getAll()) {
+            rememberOne(*interactable);
+        }
+    } else {
+        const auto rememberOwner = [&](const search::Place& place) {
+            rememberOne(static_cast<PokeInteractable&>(place.getOwner()));
+        };
+        PokeInteractable::getStaticIndex().visitChanged(moment_, rememberOwner);
+        PokeInteractable::getStaticIndex().visitSilent(rememberOwner);
+    }
+    moment_ = now;
+}
+
+void PokeFrame::rememberInAll(const PokeInteractable& interactable)
+{
+    for (PokeFrame* frame : frames()) {
+        if (!frame->isMetByTable(interactable) && frame->hasMetBefore(interactable)) {
+            frame->remember(interactable, frame->findPreviousPose(interactable), frame->moment_);
+        }
+    }
+}
+
+uint64_t PokeFrame::getLeastMoment()
+{
+    uint64_t least = search::SurfaceIndex::kEver;
+    for (const PokeFrame* frame : frames()) {
+        if (frame->moment_ != kNever) {
+            least = std::min(least, frame->moment_);
+        }
+    }
+    return least;
 }
 
 bool PokeFrame::getBackingHit(const PokeInteractable& interactable, SurfaceHit& hit)

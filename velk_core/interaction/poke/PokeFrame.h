@@ -7,15 +7,34 @@
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 #include "velk_core/utility/SlotTable.h"
 
+#include <cstdint>
+
 namespace velk::interaction
 {
 
 class PokeInteractable;
+class PokeInteractor;
 
 /// What one update of a finger knows of the world: where the finger is, where it was, and the surfaces there.
+///
+/// Of surfaces that have not changed since its last update it needs to remember nothing.
 class PokeFrame
 {
 public:
+    /// As a moment: not updated yet.
+    static constexpr uint64_t kNever = 0;
+
+    PokeFrame();
+    ~PokeFrame();
+    PokeFrame(const PokeFrame&) = delete;
+    PokeFrame& operator=(const PokeFrame&) = delete;
+
+    /// When all frames that were updated at all had been.
+    static uint64_t getLeastMoment();
+
+    /// In all frames, before the interactable goes away for a while.
+    static void rememberInAll(const PokeInteractable& interactable);
+
     /// The nearest points to the finger on an interactable's backing surface and on its patch.
     struct Hits
     {
@@ -37,8 +56,15 @@ public:
 
     bool hasMetBefore(const PokeInteractable& interactable) const;
 
-    /// At the end of an update: where the surface is now, for the next one.
-    void remember(const PokeInteractable& interactable);
+    /// When the last update ended, on the index's count of changes.
+    uint64_t getMoment() const { return moment_; }
+
+    /// With `remembersAll`, nothing is taken from what the surfaces tell of their changes.
+    void setRemembersAll(bool remembersAll) { remembersAll_ = remembersAll; }
+    bool remembersAll() const { return remembersAll_; }
+
+    /// At the end of an update of `finger`: where the surfaces are now, for the next one.
+    void rememberSurfaces(PokeInteractor& finger);
 
     /// Drops what was asked about another point.
     void resetHits() { hitCache_.reset(origin_); }
@@ -49,10 +75,22 @@ public:
     bool getHits(const PokeInteractable& interactable, Hits& hits);
 
 private:
+    struct Remembered
+    {
+        Posef pose;
+        uint64_t moment = kNever;
+    };
+
+    bool isMetByTable(const PokeInteractable& interactable) const;
+    Posef findPreviousPose(const PokeInteractable& interactable) const;
+    void remember(const PokeInteractable& interactable, const Posef& pose, uint64_t moment);
+
     Vector3f origin_;
     Vector3f previousOrigin_;
     SurfaceHitCache hitCache_;
-    utility::SlotTable<Posef> previousSurfaceTransforms_; // inverse poses of the last frame
+    utility::SlotTable<Remembered> previousPoses_;
+    uint64_t moment_ = kNever;
+    bool remembersAll_ = false;
 };
 
 } // namespace velk::interaction

@@ -7,7 +7,10 @@
 #include "velk_core/interaction/InteractableRegistry.h"
 #include "velk_core/interaction/pointer/IPointableElement.h"
 #include "velk_core/interaction/pointer/PointerInteractable.h"
+#include "velk_core/interaction/poke/SurfaceMotion.h"
+#include "velk_core/interaction/search/SurfaceIndex.h"
 #include "velk_core/interaction/surfaces/ISurfacePatch.h"
+#include "velk_core/interaction/surfaces/SurfaceChanges.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
 #include "velk_core/utility/ProgressCurve.h"
 #include "velk_core/utility/SlotIndex.h"
@@ -24,7 +27,8 @@ class PokeInteractor;
 ///
 /// All distances are metres in world space. "Normal" is measured along the surface's normal, "tangent" along
 /// the surface from the patch's edge outwards; both from the skin of the finger's sphere.
-class PokeInteractable : public PointerInteractable<PokeInteractor, PokeInteractable>
+class PokeInteractable : public PointerInteractable<PokeInteractor, PokeInteractable>,
+                         private surface::ChangeListener
 {
 public:
     /// Holds the touch point where the press began, and lets it go with the farthest travel so far.
@@ -95,11 +99,23 @@ public:
     PokeInteractable(const PokeInteractable&) = delete;
     PokeInteractable& operator=(const PokeInteractable&) = delete;
 
+    void enable() override;
+    void disable() override;
+
     InteractableRegistry<PokeInteractor, PokeInteractable>& getRegistry() override;
     PokeInteractable* getInteractablePtr() override;
 
     /// The one registry of the kind; this is how every PokeInteractor finds its candidates.
     static InteractableRegistry<PokeInteractor, PokeInteractable>& getStaticRegistry();
+
+    /// All enabled ones by where they are.
+    static search::SurfaceIndex& getStaticIndex();
+    const search::Place& getPlace() const { return place_; }
+    const SurfaceMotion& getMotion() const { return motion_; }
+
+    /// Whether who may press it depends on more than its state, or it was away for a while: a finger then has to
+    /// look at it in each frame to know what it has met.
+    bool isSelective() const;
 
     /// Closest point on the patch, without a limit of distance.
     bool closestSurfacePatchHit(const Vector3f& point, surface::SurfaceHit& hit) const;
@@ -111,8 +127,9 @@ public:
     void setSurfacePatch(std::shared_ptr<surface::ISurfacePatch> surfacePatch);
     surface::ISurfacePatch& getSurfacePatch() const { return *surfacePatch_; }
 
-    /// The live config; what is written to it is not normalised again.
-    Config& getConfig() { return config_; }
+    /// The live config; what is written to it is not normalised again. Every search looks at an interactable that
+    /// may change unheard from now on.
+    Config& getConfig();
     const Config& getConfig() const { return config_; }
 
     const PositionPinningConfig& getPositionPinning() const { return config_.positionPinning; }
@@ -129,7 +146,7 @@ public:
 
     /// Two candidates nearer to each other than this are told apart by their tangent distance.
     float getCloseDistanceThreshold() const { return closeDistanceThreshold_; }
-    void setCloseDistanceThreshold(float threshold) { closeDistanceThreshold_ = threshold; }
+    void setCloseDistanceThreshold(float threshold);
 
     /// Decides between two candidates that are equally far.
     int getTiebreakerScore() const { return tiebreakerScore_; }
@@ -139,11 +156,22 @@ public:
     const utility::SlotIndex& getSlot() const { return slot_; }
 
 private:
+    void enterIndex();
+    void leaveIndex();
+    void listenToPatch();
+    void surfaceChanged() override;
+    search::Region findRegion() const;
+    Posef findPose() const;
+
     Config config_;
     std::shared_ptr<surface::ISurfacePatch> surfacePatch_;
     float closeDistanceThreshold_ = 0.0f;
     int tiebreakerScore_ = 0;
+    bool hasLiveConfig_ = false;
+    bool wasAway_ = false;
     utility::SlotIndex slot_;
+    search::Place place_{*this};
+    SurfaceMotion motion_;
 };
 
 } // namespace velk::interaction

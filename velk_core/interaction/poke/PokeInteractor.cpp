@@ -25,11 +25,13 @@
 #include "velk_core/interaction/poke/PokeInteractor.h"
 
 #include "math/LookRotation.h"
+#include "velk_core/interaction/poke/PokeGathering.h"
 #include "velk_core/interaction/poke/PokeGeometry.h"
 #include "velk_core/interaction/poke/PokeRelease.h"
 #include "velk_core/interaction/poke/PokeSearch.h"
 
 #include <cmath>
+#include <typeinfo>
 #include <utility>
 
 namespace velk::interaction
@@ -111,6 +113,8 @@ PokeInteractor* PokeInteractor::getInteractorPtr()
 void PokeInteractor::doPreprocess()
 {
     PointerInteractor::doPreprocess();
+    // A subclass may forbid interactables as it likes.
+    frame_.setRemembersAll(search::SurfaceIndex::scansAll() || typeid(*this) != typeid(PokeInteractor));
     updateOrigin();
     frame_.resetHits();
 }
@@ -126,9 +130,7 @@ void PokeInteractor::updateOrigin()
 void PokeInteractor::doPostprocess()
 {
     PointerInteractor::doPostprocess();
-    for (const PokeInteractable* interactable : PokeInteractable::getStaticRegistry().list(*this, {})) {
-        frame_.remember(*interactable);
-    }
+    frame_.rememberSurfaces(*this);
 }
 
 // What is being pressed, or has been recoiled from, stays the candidate without a search. Both searches look
@@ -142,18 +144,21 @@ PokeInteractable* PokeInteractor::computeCandidate()
         return hitInteractable_;
     }
     PokeSearch search(frame_, config_, hoverInteractable_);
-    const PokeSearch::Interactables inRange = PokeInteractable::getStaticRegistry().list(
-        *this, [&search](const PokeInteractable* interactable) { return search.isInRange(*interactable); });
-    const PokeCandidate pressed = search.findPressed(inRange);
+    gatherAround(frame_, config_, hoverInteractable_, inRange_);
+    std::erase_if(inRange_, [this, &search](PokeInteractable* interactable) {
+        return !search.isInRange(*interactable) ||
+               !PokeInteractable::getStaticRegistry().admits(*this, *interactable);
+    });
+    const PokeCandidate pressed = search.findPressed(inRange_);
     if (pressed.interactable != nullptr) {
         takeContactFrom(*pressed.interactable);
-        if (!search.isVetoed(pressed, touchPoint_, inRange)) {
+        if (!search.isVetoed(pressed, touchPoint_, inRange_)) {
             hitInteractable_ = pressed.interactable;
             hoverInteractable_ = pressed.interactable;
             return pressed.interactable;
         }
     }
-    hoverInteractable_ = search.findHovered(inRange).interactable;
+    hoverInteractable_ = search.findHovered(inRange_).interactable;
     if (hoverInteractable_ != nullptr) {
         takeContactFrom(*hoverInteractable_);
     }
@@ -227,7 +232,7 @@ void PokeInteractor::doSelectUpdate()
         return;
     }
     const float depth = computeDepth(*pressed, getOrigin(), config_.radius);
-    if (recoil_.shouldRecoil(depth, pressed->getConfig().recoilAssist)) {
+    if (recoil_.shouldRecoil(depth, std::as_const(*pressed).getConfig().recoilAssist)) {
         hitInteractable_ = nullptr;
         recoil_.begin(*pressed, depth);
         setIsPassedSurface(true);

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace velk::interaction
 {
@@ -122,6 +123,7 @@ private:
     Vector3f touchPoint_;
     Vector3f touchNormal_;
     PokeFrame frame_;
+    std::vector<PokeInteractable*> inRange_; // of the last search
     PokeInteractable* hoverInteractable_ = nullptr; // what the last search found
     PokeInteractable* hitInteractable_ = nullptr;   // set means that a press is wanted
     PokeTouchPoint pressPoint_;

@@ -3,6 +3,7 @@
 #include "velk_core/interaction/poke/PokeRecoil.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velk::interaction
 {
@@ -23,12 +24,12 @@ void PokeRecoil::begin(PokeInteractable& interactable, float depth)
 {
     interactable_ = &interactable;
     maxDepth_ = 0.0f;
-    recoilDepth_ = depth + interactable.getConfig().recoilAssist.reEnterDistance;
+    recoilDepth_ = depth + std::as_const(interactable).getConfig().recoilAssist.reEnterDistance;
 }
 
 bool PokeRecoil::pressesAgain(float depth)
 {
-    recoilDepth_ = std::min(recoilDepth_, depth + interactable_->getConfig().recoilAssist.reEnterDistance);
+    recoilDepth_ = std::min(recoilDepth_, depth + std::as_const(*interactable_).getConfig().recoilAssist.reEnterDistance);
     return !(depth <= recoilDepth_);
 }
 
