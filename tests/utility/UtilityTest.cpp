@@ -201,6 +201,11 @@ TEST(SlotTable, AnEntryDiesWithItsOwner)
     EXPECT_EQ(successor.index(), place);
     EXPECT_EQ(table.find(successor), nullptr);
     EXPECT_EQ(*table.find(first), 1);
+    const std::vector<utility::SlotIndex> many(200);
+    table.assign(many.back()) = 3;
+    EXPECT_EQ(table.find(many[100]), nullptr);
+    EXPECT_EQ(*table.find(many.back()), 3);
+    EXPECT_EQ(*table.find(first), 1);
 }
 
 TEST(UniqueIdentifier, Rises)

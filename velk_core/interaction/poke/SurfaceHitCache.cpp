@@ -4,6 +4,8 @@
 
 #include "velk_core/interaction/poke/PokeInteractable.h"
 
+#include <algorithm>
+
 namespace velk::interaction
 {
 
@@ -12,38 +14,70 @@ using surface::SurfaceHit;
 void SurfaceHitCache::reset(const Vector3f& origin)
 {
     origin_ = origin;
-    ++frame_; // outdates every entry; the tables keep their room
+    ++frame_; // outdates every entry; the table keeps its room
+    count_ = 0;
 }
 
-const SurfaceHitCache::HitInfo* SurfaceHitCache::findCurrent(const HitTable& table,
-                                                             const PokeInteractable& interactable) const
+SurfaceHitCache::Entry& SurfaceHitCache::probe(uint64_t serial)
 {
-    const HitInfo* found = table.find(interactable.getSlot());
-    return found != nullptr && found->frame == frame_ ? found : nullptr;
+    const std::size_t mask = entries_.size() - 1;
+    std::size_t place = serial & mask;
+    while (entries_[place].frame == frame_ && entries_[place].serial != serial) {
+        place = (place + 1) & mask;
+    }
+    return entries_[place];
+}
+
+void SurfaceHitCache::grow()
+{
+    constexpr std::size_t kLeast = 16;
+    std::vector<Entry> former(std::max(kLeast, 2 * entries_.size()));
+    former.swap(entries_);
+    for (const Entry& entry : former) {
+        if (entry.frame == frame_) {
+            probe(entry.serial) = entry;
+        }
+    }
+}
+
+SurfaceHitCache::Entry& SurfaceHitCache::entryOf(const PokeInteractable& interactable)
+{
+    if (2 * count_ >= entries_.size()) {
+        grow();
+    }
+    const uint64_t serial = interactable.getSlot().serial();
+    Entry& entry = probe(serial);
+    if (entry.frame != frame_) {
+        entry = {{}, {}, serial, frame_};
+        ++count_;
+    }
+    return entry;
 }
 
 bool SurfaceHitCache::getBackingHit(const PokeInteractable& interactable, SurfaceHit& hit)
 {
-    const HitInfo* info = findCurrent(backingHits_, interactable);
-    if (info == nullptr) {
-        SurfaceHit fresh;
-        const bool valid = interactable.closestBackingSurfaceHit(origin_, fresh);
-        info = &(backingHits_.assign(interactable.getSlot()) = {valid, fresh, frame_});
+    const Answer* answer = &entryOf(interactable).backing;
+    if (!answer->isKnown) {
+        Answer fresh{true, false, {}};
+        fresh.valid = interactable.closestBackingSurfaceHit(origin_, fresh.hit);
+        // Found anew: a host's surface may have asked here meanwhile, and the table have grown.
+        answer = &(entryOf(interactable).backing = fresh);
     }
-    hit = info->hit;
-    return info->valid;
+    hit = answer->hit;
+    return answer->valid;
 }
 
 bool SurfaceHitCache::getPatchHit(const PokeInteractable& interactable, SurfaceHit& hit)
 {
-    const HitInfo* info = findCurrent(patchHits_, interactable);
-    if (info == nullptr) {
-        SurfaceHit fresh;
-        const bool valid = interactable.closestSurfacePatchHit(origin_, fresh);
-        info = &(patchHits_.assign(interactable.getSlot()) = {valid, fresh, frame_});
+    const Answer* answer = &entryOf(interactable).patch;
+    if (!answer->isKnown) {
+        Answer fresh{true, false, {}};
+        fresh.valid = interactable.closestSurfacePatchHit(origin_, fresh.hit);
+        // Found anew: a host's surface may have asked here meanwhile, and the table have grown.
+        answer = &(entryOf(interactable).patch = fresh);
     }
-    hit = info->hit;
-    return info->valid;
+    hit = answer->hit;
+    return answer->valid;
 }
 
 } // namespace velk::interaction

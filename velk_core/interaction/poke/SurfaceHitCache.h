@@ -4,9 +4,10 @@
 
 #include "math/Aliases.h"
 #include "velk_core/interaction/surfaces/SurfaceHit.h"
-#include "velk_core/utility/SlotTable.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace velk::interaction
 {
@@ -28,19 +29,30 @@ public:
     bool getPatchHit(const PokeInteractable& interactable, surface::SurfaceHit& hit);
 
 private:
-    struct HitInfo
+    struct Answer
     {
+        bool isKnown = false;
         bool valid = false;
         surface::SurfaceHit hit;
-        /// The frame that the answer is of.
+    };
+
+    struct Entry
+    {
+        Answer patch;
+        Answer backing;
+        /// The interactable's, see SlotIndex.
+        uint64_t serial = 0;
+        /// The frame that the answers are of: an entry of another one is free.
         uint64_t frame = 0;
     };
-    using HitTable = utility::SlotTable<HitInfo>;
 
-    const HitInfo* findCurrent(const HitTable& table, const PokeInteractable& interactable) const;
+    Entry& entryOf(const PokeInteractable& interactable);
+    Entry& probe(uint64_t serial);
+    void grow();
 
-    HitTable patchHits_;
-    HitTable backingHits_;
+    // A few interactables a frame: a hash table by serial, at most half full.
+    std::vector<Entry> entries_;
+    std::size_t count_ = 0; // of this frame
     Vector3f origin_;
     uint64_t frame_ = 1;
 };
