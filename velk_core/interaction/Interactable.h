@@ -30,7 +30,12 @@ public:
     using Registry = InteractableRegistry<TInteractor, TInteractable>;
     using Interactors = utility::OrderedSet<TInteractor*>;
 
-    Interactable() = default;
+    // With room for one, so that the first hover and press of a frame allocate nothing.
+    Interactable()
+    {
+        interactors_.reserve(1);
+        selectingInteractors_.reserve(1);
+    }
     Interactable(const Interactable&) = delete;
     Interactable& operator=(const Interactable&) = delete;
 

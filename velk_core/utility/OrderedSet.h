@@ -46,6 +46,9 @@ public:
         return std::find(values_.begin(), values_.end(), value) != values_.end();
     }
 
+    /// So many values then find room without an allocation.
+    void reserve(std::size_t count) { values_.reserve(count); }
+
     bool empty() const { return values_.empty(); }
     std::size_t size() const { return values_.size(); }
     const_iterator begin() const { return values_.begin(); }

@@ -24,7 +24,7 @@ struct Region
     bool isOdd = true;
     /// Of an odd one: it does not even tell of its changes.
     bool isSilent = true;
-    /// Its own sides are those of the box: see SurfaceIndex::findAlong.
+    /// Its own sides are those of the box: see SurfaceIndex::hasBoxes.
     bool isBox = false;
 };
 
