@@ -37,7 +37,7 @@ Outcome play(const std::string& input, long failAt, bool andAllAfter)
     allocationFaults.failAt = failAt;
     allocationFaults.andAllAfter = andAllAfter;
     allocationFaults.counted = 0;
-    velk_fuzz::runInput(input, false);
+    velk_fuzz::runInput(input, velk_fuzz::Run::Quiet);
     allocationFaults.failAt = AllocationFaults::kNever;
     return {allocationFaults.counted, liveBlocks - before};
 }

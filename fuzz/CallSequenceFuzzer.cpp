@@ -7,6 +7,7 @@
 #include "fuzz/ByteReader.h"
 #include "fuzz/FuzzTarget.h"
 #include "velk_capi/detail/VelkInteractable.h"
+#include "velk_core/interaction/search/SurfaceIndex.h"
 #include "velk_telemetry/detail/Telemetry.h"
 
 #include <algorithm>
@@ -435,8 +436,10 @@ constexpr Call kCalls[] = {
 
 } // namespace
 
-uint64_t runInput(std::string_view bytes, bool echo)
+uint64_t runInput(std::string_view bytes, Run run)
 {
+    const bool echo = run == Run::Echo;
+    velk::interaction::search::SurfaceIndex::setScansAll(run == Run::Reference);
     velk::telemetry::disableSendingThread();
     manualSeconds = 0;
     CallWorld world(bytes, echo);

@@ -8,6 +8,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
-    velk_fuzz::runInput({reinterpret_cast<const char*>(data), size}, false);
+    velk_fuzz::runInput({reinterpret_cast<const char*>(data), size}, velk_fuzz::Run::Quiet);
     return 0;
 }

@@ -12,11 +12,20 @@
 namespace velk_fuzz
 {
 
-/// Runs one input and ends the process when it breaks a rule. The result digests all that was observed: the
-/// same input must give the same again. With `echo` it prints the input as people can read it.
-uint64_t runInput(std::string_view bytes, bool echo);
+enum class Run
+{
+    Quiet,
+    /// Prints the input as people can read it.
+    Echo,
+    /// With the plain reference in place of what is made fast, where there is one.
+    Reference
+};
 
-/// The input that a file holds. Those whose names end in ".calls" hold what `echo` prints.
+/// Runs one input and ends the process when it breaks a rule. The result digests all that was observed: the
+/// same input must give the same again, by the reference as well.
+uint64_t runInput(std::string_view bytes, Run run);
+
+/// The input that a file holds. Those whose names end in ".calls" hold what Run::Echo prints.
 std::string decodeFile(const std::string& name, std::string content);
 
 inline void expect(bool holds, const char* rule)

@@ -1,7 +1,8 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-// Runs kept inputs through a fuzz target without libFuzzer, each twice, and fails when the two runs differ.
+// Runs kept inputs through a fuzz target without libFuzzer, each twice, the second time by the plain
+// reference of what is made fast, and fails when the two runs differ.
 //
 //   velk_replay_<name> DIRECTORY...     the files in the directories
 //   velk_replay_<name> --explain FILE   prints the input as people can read it
@@ -11,6 +12,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+
+using velk_fuzz::Run;
+using velk_fuzz::runInput;
 
 namespace
 {
@@ -28,7 +32,7 @@ int main(int argc, char** argv)
     const std::string option = argc == 3 ? argv[1] : "";
     if (option == "--explain") {
         std::setbuf(stdout, nullptr);
-        velk_fuzz::runInput(inputOf(argv[2]), true);
+        runInput(inputOf(argv[2]), Run::Echo);
         return 0;
     }
     if (option == "--decode") {
@@ -39,7 +43,7 @@ int main(int argc, char** argv)
     for (int i = 1; i < argc; ++i) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
             const std::string input = inputOf(entry.path());
-            if (velk_fuzz::runInput(input, false) != velk_fuzz::runInput(input, false)) {
+            if (runInput(input, Run::Quiet) != runInput(input, Run::Reference)) {
                 std::fprintf(stderr, "%s: a second run differs\n", entry.path().string().c_str());
                 same = false;
             }

@@ -70,8 +70,9 @@ void readText(char form, const std::string& text)
 
 } // namespace
 
-uint64_t runInput(std::string_view bytes, bool echo)
+uint64_t runInput(std::string_view bytes, Run run)
 {
+    const bool echo = run == Run::Echo;
     std::fwrite(bytes.data(), 1, echo ? bytes.size() : 0, stdout);
     try {
         readText(bytes.empty() ? '\0' : bytes[0], std::string(bytes.substr(bytes.empty() ? 0 : 1)));
