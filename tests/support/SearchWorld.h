@@ -26,8 +26,8 @@
 namespace velk::test
 {
 
-/// A world of surfaces, rays and fingers that bytes build, move and tear down, and all that it answered. Played twice,
-/// with the index and by asking every surface, it must answer the same bits.
+/// A world of surfaces, rays and fingers that bytes build, move and tear down, and all that it answered.
+/// Played twice, with the index and by asking every surface, it must answer the same bits.
 class SearchWorld
 {
 public:
@@ -310,7 +310,8 @@ private:
         if (below(4) == 0) {
             ray->setMaxRayLength(number(1.0f));
         }
-        const Quatf turn = below(4) == 0 ? rotation() : Quatf(number(0.2f), number(0.2f), 0.001f, 1.0f).Normalized();
+        const Quatf turn =
+            below(4) == 0 ? rotation() : Quatf(number(0.2f), number(0.2f), 0.001f, 1.0f).Normalized();
         Vector3f from = below(2) == 0 ? vector(0.5f) : Vector3f(0.01f, 0.0f, 0.3f);
         if (!boxes_.empty() && below(6) == 0) {
             from.x = any(boxes_)->getLowerBound().x; // in the plane of a side
@@ -327,8 +328,10 @@ private:
     }
 
     template <typename Pointer>
-    void note(const Pointer& pointer)
-        requires requires { pointer.getState(); }
+    void note(const Pointer& pointer) requires requires
+    {
+        pointer.getState();
+    }
     {
         answers_.push_back(static_cast<uint32_t>(pointer.getState()));
         answers_.push_back(numberOf(pointer.getInteractablePtr()));

@@ -64,8 +64,8 @@ bool PokeFrame::hasMetBefore(const PokeInteractable& interactable) const
     return interactable.getPlace().getEntered() <= moment_;
 }
 
-// Of an interactable that was met. One that changed after the last update was remembered then, unless it had been at
-// rest until it began the movement that it is in now.
+// Of an interactable that was met. One that changed after the last update was remembered then, unless it had
+// been at rest until it began the movement that it is in now.
 Posef PokeFrame::findPreviousPose(const PokeInteractable& interactable) const
 {
     const Remembered* remembered = previousPoses_.find(interactable.getSlot());

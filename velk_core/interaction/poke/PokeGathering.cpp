@@ -24,8 +24,8 @@ constexpr float kLargestRadius = 1.0e3f;
 constexpr float kRelativeSlack = 1.0e-5f;
 constexpr float kLeastSlack = 1.0e-6f;
 
-/// The finger's radius counts along the surface and once more above it: the root of two, and a slack for rotations
-/// that are not quite of unit length, as has the way.
+/// The finger's radius counts along the surface and once more above it: the root of two, and a slack for
+/// rotations that are not quite of unit length, as has the way.
 constexpr float kRadiusFactor = 1.43f;
 constexpr float kWaySlack = 0.01f;
 
@@ -36,7 +36,8 @@ float farthestCoordinate(const Vector3f& point)
 
 bool isNear(const Vector3f& point)
 {
-    return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest && std::fabs(point.z) <= kFarthest;
+    return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest &&
+           std::fabs(point.z) <= kFarthest;
 }
 
 // With no reach at all the broad test admits everything.
@@ -47,8 +48,8 @@ bool isOrdinary(const PokeFrame& frame, const PokeInteractor::Config& config)
            config.equalDistanceEpsilon <= kLargestRadius;
 }
 
-// Round the finger's way. A long way may cross a plane beyond its end, and still count for the patch over which it ends:
-// then round a cube that no way out of it can leave.
+// Round the finger's way. A long way may cross a plane beyond its end, and still count for the patch over
+// which it ends: then round a cube that no way out of it can leave.
 search::PointQuery queryAround(const PokeFrame& frame, float radius)
 {
     const Vector3f& origin = frame.getOrigin();
@@ -64,8 +65,8 @@ search::PointQuery queryAround(const PokeFrame& frame, float radius)
 
 } // namespace
 
-void gatherAround(const PokeFrame& frame, const PokeInteractor::Config& config,
-                  PokeInteractable* lastFound, std::vector<PokeInteractable*>& found)
+void gatherAround(const PokeFrame& frame, const PokeInteractor::Config& config, PokeInteractable* lastFound,
+                  std::vector<PokeInteractable*>& found)
 {
     SurfaceIndex& index = PokeInteractable::getStaticIndex();
     index.look(PokeFrame::getLeastMoment());

@@ -118,8 +118,8 @@ void PokeInteractable::surfaceChanged()
 // PokePress.cpp. What was found last stays by wider limits and is always looked at.
 search::Region PokeInteractable::findRegion() const
 {
-    search::Region region = search::findRegionOfTouch(surfacePatch_.get(), config_.enterHoverNormal,
-                                                      config_.enterHoverTangent);
+    search::Region region =
+        search::findRegionOfTouch(surfacePatch_.get(), config_.enterHoverNormal, config_.enterHoverTangent);
     const bool mayBeginBelow = config_.minThresholds.enabled && !(config_.minThresholds.minNormal >= 0.0f);
     const bool mayVeto = !(closeDistanceThreshold_ <= 0.0f);
     region.isOdd = region.isOdd || hasLiveConfig_ || mayBeginBelow || mayVeto;

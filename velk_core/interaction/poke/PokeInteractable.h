@@ -113,8 +113,8 @@ public:
     const search::Place& getPlace() const { return place_; }
     const SurfaceMotion& getMotion() const { return motion_; }
 
-    /// Whether who may press it depends on more than its state, or it was away for a while: a finger then has to
-    /// look at it in each frame to know what it has met.
+    /// Whether who may press it depends on more than its state, or it was away for a while: a finger then has
+    /// to look at it in each frame to know what it has met.
     bool isSelective() const;
 
     /// Closest point on the patch, without a limit of distance.
@@ -127,8 +127,8 @@ public:
     void setSurfacePatch(std::shared_ptr<surface::ISurfacePatch> surfacePatch);
     surface::ISurfacePatch& getSurfacePatch() const { return *surfacePatch_; }
 
-    /// The live config; what is written to it is not normalised again. Every search looks at an interactable that
-    /// may change unheard from now on.
+    /// The live config; what is written to it is not normalised again. Every search looks at an interactable
+    /// that may change unheard from now on.
     Config& getConfig();
     const Config& getConfig() const { return config_; }
 

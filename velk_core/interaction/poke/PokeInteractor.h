@@ -123,7 +123,7 @@ private:
     Vector3f touchPoint_;
     Vector3f touchNormal_;
     PokeFrame frame_;
-    std::vector<PokeInteractable*> inRange_; // of the last search
+    std::vector<PokeInteractable*> inRange_;        // of the last search
     PokeInteractable* hoverInteractable_ = nullptr; // what the last search found
     PokeInteractable* hitInteractable_ = nullptr;   // set means that a press is wanted
     PokeTouchPoint pressPoint_;

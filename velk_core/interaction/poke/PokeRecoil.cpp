@@ -29,7 +29,8 @@ void PokeRecoil::begin(PokeInteractable& interactable, float depth)
 
 bool PokeRecoil::pressesAgain(float depth)
 {
-    recoilDepth_ = std::min(recoilDepth_, depth + std::as_const(*interactable_).getConfig().recoilAssist.reEnterDistance);
+    recoilDepth_ = std::min(recoilDepth_,
+                            depth + std::as_const(*interactable_).getConfig().recoilAssist.reEnterDistance);
     return !(depth <= recoilDepth_);
 }
 

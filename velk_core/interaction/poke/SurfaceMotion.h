@@ -9,9 +9,9 @@
 namespace velk::interaction
 {
 
-/// Where a surface is, and where it was before it began to move: enough to know where it was when a finger last
-/// looked, together with what the finger remembers of those that it saw moving. Moments are those of the index's
-/// count of changes.
+/// Where a surface is, and where it was before it began to move: enough to know where it was when a finger
+/// last looked, together with what the finger remembers of those that it saw moving. Moments are those of the
+/// index's count of changes.
 class SurfaceMotion
 {
 public:

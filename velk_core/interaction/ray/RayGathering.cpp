@@ -43,7 +43,8 @@ bool isAlongSide(const Vector3f& direction)
            !std::isfinite(1.0f / direction.z);
 }
 
-// Keeps the slabs' distances finite. Over the whole range of coordinates the ray moves by less than the slack.
+// Keeps the slabs' distances finite. Over the whole range of coordinates the ray moves by less than the
+// slack.
 float awayFromZero(float component)
 {
     constexpr float kLeast = 1.0e-18f;
@@ -56,8 +57,7 @@ void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
 {
     SurfaceIndex& index = RayInteractable::getStaticIndex();
     index.look(SurfaceIndex::kEver);
-    if (SurfaceIndex::scansAll() || !isOrdinary(ray) ||
-        (index.hasBoxes() && isAlongSide(ray.direction))) {
+    if (SurfaceIndex::scansAll() || !isOrdinary(ray) || (index.hasBoxes() && isAlongSide(ray.direction))) {
         const auto& all = RayInteractable::getStaticRegistry().getAll();
         found.assign(all.begin(), all.end());
         return;
@@ -65,8 +65,7 @@ void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
     found.clear();
     const Vector3f direction = ray.direction.Normalized();
     const search::RayQuery query(
-        ray.origin,
-        Vector3f(awayFromZero(direction.x), awayFromZero(direction.y), awayFromZero(direction.z)),
+        ray.origin, Vector3f(awayFromZero(direction.x), awayFromZero(direction.y), awayFromZero(direction.z)),
         kRelativeSlack * farthestCoordinate(ray.origin) + kLeastSlack);
     index.find(query, SurfaceIndex::kEver, [&found](const search::Place& place) {
         found.push_back(static_cast<RayInteractable*>(&place.getOwner()));

@@ -18,10 +18,7 @@ struct Box
     std::array<float, 3> lower{kEndless, kEndless, kEndless};
     std::array<float, 3> upper{-kEndless, -kEndless, -kEndless};
 
-    void add(const Vector3f& point)
-    {
-        add({{point.x, point.y, point.z}, {point.x, point.y, point.z}});
-    }
+    void add(const Vector3f& point) { add({{point.x, point.y, point.z}, {point.x, point.y, point.z}}); }
     void add(const Box& box)
     {
         for (std::size_t axis = 0; axis < 3; ++axis) {

@@ -33,8 +33,8 @@ struct RayQuery
     std::array<float, 3> inverse;
 };
 
-/// Eight boxes that are searched side by side. The search yields one bit for each; those of lanes that hold no box
-/// mean nothing.
+/// Eight boxes that are searched side by side. The search yields one bit for each; those of lanes that hold
+/// no box mean nothing.
 struct BoxBlock
 {
     static constexpr int kSize = 8;

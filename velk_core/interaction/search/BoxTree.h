@@ -14,9 +14,9 @@
 namespace velk::interaction::search
 {
 
-/// A tree of boxes, eight to a node, that grows and shrinks by single boxes in logarithmic time and so never has
-/// to be built anew (Guttman, "R-trees: a dynamic index structure for spatial searching", 1984; nodes are split
-/// by the areas of the halves, as in Beckmann et al., "The R*-tree", 1990).
+/// A tree of boxes, eight to a node, that grows and shrinks by single boxes in logarithmic time and so never
+/// has to be built anew (Guttman, "R-trees: a dynamic index structure for spatial searching", 1984; nodes are
+/// split by the areas of the halves, as in Beckmann et al., "The R*-tree", 1990).
 class BoxTree
 {
 public:

@@ -52,10 +52,7 @@ class Lanes
 public:
     static constexpr int kCount = 4;
 
-    explicit Lanes(float value)
-    {
-        std::fill_n(values_, kCount, value);
-    }
+    explicit Lanes(float value) { std::fill_n(values_, kCount, value); }
 
     static Lanes load(const float* from)
     {

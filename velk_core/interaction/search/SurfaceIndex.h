@@ -18,9 +18,9 @@ namespace velk::interaction::search
 /// Gathers what a ray or a finger may meet, so that not every surface has to be asked. It decides nothing: it
 /// yields all that the rules could choose, and some more.
 ///
-/// A surface that has changed waits in a list, all of which a search looks at, until it has rested for a while;
-/// then it goes into a tree. Both take a step at a time, so no search is much longer than the others. Odd surfaces,
-/// of which no box is known, are always yielded. Host thread only.
+/// A surface that has changed waits in a list, all of which a search looks at, until it has rested for a
+/// while; then it goes into a tree. Both take a step at a time, so no search is much longer than the others.
+/// Odd surfaces, of which no box is known, are always yielded. Host thread only.
 class SurfaceIndex
 {
 public:
@@ -29,8 +29,8 @@ public:
 
     using IsKnownKind = bool (*)(const IInteractable&);
 
-    /// Interactables of which `isKnownKind`, if given, is false are always yielded and count as silent. It is asked
-    /// at the first look after each change.
+    /// Interactables of which `isKnownKind`, if given, is false are always yielded and count as silent. It is
+    /// asked at the first look after each change.
     explicit SurfaceIndex(IsKnownKind isKnownKind = nullptr)
         : isKnownKind_(isKnownKind)
     {
@@ -46,7 +46,8 @@ public:
     /// Counts entries and changes: what stands for the time here.
     uint64_t getChanges() const { return changes_; }
 
-    /// Before a search. What has changed up to `everybodySaw` may rest, as nobody asks for these changes any more.
+    /// Before a search. What has changed up to `everybodySaw` may rest, as nobody asks for these changes any
+    /// more.
     void look(uint64_t everybodySaw);
 
     /// All that changed after the moment `since`, in no order.
@@ -68,8 +69,8 @@ public:
         }
     }
 
-    /// Of those that have not changed after the moment `since`: all near a point, or along a ray, and all odd ones,
-    /// in no order.
+    /// Of those that have not changed after the moment `since`: all near a point, or along a ray, and all odd
+    /// ones, in no order.
     template <typename Query, typename Visit>
     void find(const Query& query, uint64_t since, const Visit& visit) const
     {
@@ -85,8 +86,8 @@ public:
         tree_.search(query, visitUnchanged);
     }
 
-    /// Whether there are surfaces whose own sides are those of their boxes. A ray in the very plane of such a side
-    /// can hit it from afar (see AxisAlignedBox::raycast), which no search along the ray finds.
+    /// Whether there are surfaces whose own sides are those of their boxes. A ray in the very plane of such a
+    /// side can hit it from afar (see AxisAlignedBox::raycast), which no search along the ray finds.
     bool hasBoxes() const { return boxCount_ != 0; }
 
     /// For tests: from now on every search asks every surface.

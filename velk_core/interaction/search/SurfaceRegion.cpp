@@ -35,7 +35,8 @@ constexpr float kLeastSlack = 1.0e-6f;
 template <typename Known>
 const Known* as(const surface::ISurface* surface)
 {
-    return surface != nullptr && typeid(*surface) == typeid(Known) ? static_cast<const Known*>(surface) : nullptr;
+    return surface != nullptr && typeid(*surface) == typeid(Known) ? static_cast<const Known*>(surface)
+                                                                   : nullptr;
 }
 
 /// In the frame of a surface.
@@ -74,14 +75,15 @@ Region finish(Box box, float slack)
     return {box, false, false, false};
 }
 
-// A rotation that is not quite of unit length scales by its squared length, some queries into the frame and out of it.
+// A rotation that is not quite of unit length scales by its squared length, some queries into the frame and
+// out of it.
 Region turn(const Posef& pose, const Extent& extent)
 {
     constexpr float kTimesScaled = 4.0f;
     const float scaled = kTimesScaled * std::fabs(pose.rotation.LengthSq() - 1.0f);
 
-    const float reach = farthestCoordinate({{extent.lower.x, extent.lower.y, extent.lower.z},
-                                            {extent.upper.x, extent.upper.y, extent.upper.z}});
+    const float reach = farthestCoordinate(
+        {{extent.lower.x, extent.lower.y, extent.lower.z}, {extent.upper.x, extent.upper.y, extent.upper.z}});
     if (!(scaled <= kTimesScaled * kLengthTolerance) || !(reach <= kFarthest)) {
         return oddRegion();
     }
@@ -96,7 +98,8 @@ Region turn(const Posef& pose, const Extent& extent)
     return finish(box, (scaled + kRelativeSlack) * reach);
 }
 
-// The rectangle of a plane, within its clip box if it has one. A negative size, which nothing hits, is left odd.
+// The rectangle of a plane, within its clip box if it has one. A negative size, which nothing hits, is left
+// odd.
 Region findRegionOfRectangle(const PointablePlane& plane, const math::AxisAlignedBox* clip)
 {
     const Vector2f size = plane.getSize();

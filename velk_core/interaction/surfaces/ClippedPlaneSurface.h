@@ -16,8 +16,8 @@ namespace velk::interaction::surface
 {
 
 /// The part of a plane that lies in all of a list of boxes: a poke button on its panel. Clippers with
-/// nothing in common make an empty patch, which every query misses. A clipper's frame may move at any time: the
-/// common box is kept only where plane and frames tell of their changes.
+/// nothing in common make an empty patch, which every query misses. A clipper's frame may move at any time:
+/// the common box is kept only where plane and frames tell of their changes.
 class ClippedPlaneSurface : public ISurfacePatch, public ChangeSource
 {
 public:
