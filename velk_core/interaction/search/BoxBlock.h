@@ -39,8 +39,8 @@ struct BoxBlock
 {
     static constexpr int kSize = 8;
 
-    alignas(16) float lower[3][kSize];
-    alignas(16) float upper[3][kSize];
+    alignas(16) float lower[3][kSize]{};
+    alignas(16) float upper[3][kSize]{};
 
     BoxBlock()
     {

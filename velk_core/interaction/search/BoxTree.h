@@ -62,14 +62,14 @@ private:
 
     union Child
     {
-        Place* place;
+        Place* place = nullptr;
         uint32_t node;
     };
 
     struct Node
     {
         BoxBlock boxes;
-        std::array<Child, kSize> children;
+        std::array<Child, kSize> children{};
         uint32_t parent = kNone; // of a free node: the next free one
         uint8_t laneInParent = 0;
         uint8_t count = 0;

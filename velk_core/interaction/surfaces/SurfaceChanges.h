@@ -40,11 +40,7 @@ public:
     ChangeSource() = default;
     // Who listens to one surface does not listen to its copies.
     ChangeSource(const ChangeSource&) {}
-    ChangeSource& operator=(const ChangeSource&)
-    {
-        changed();
-        return *this;
-    }
+    ChangeSource& operator=(const ChangeSource&) = delete;
 
 protected:
     ~ChangeSource()
