@@ -42,13 +42,28 @@ void PokeFrame::moveTo(const Vector3f& point)
 {
     previousOrigin_ = origin_;
     origin_ = point;
+    carried_ = {};
+}
+
+void PokeFrame::forgetMovement()
+{
+    previousOrigin_ = origin_;
+    carried_ = {};
 }
 
 Vector3f PokeFrame::getPreviousOriginCarriedBy(const PokeInteractable& interactable) const
 {
+    const search::Place& place = interactable.getPlace();
+    if (carried_.interactable == &interactable && carried_.changed == place.getChanged() &&
+        place.isEntered()) {
+        return carried_.point;
+    }
     const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
-    const Posef previous = hasMetBefore(interactable) ? findPreviousPose(interactable) : pose;
-    return pose.Transform(previous.Inverted().Transform(previousOrigin_));
+    const Vector3f point = pose.Transform(findPreviousInverse(interactable, pose).Transform(previousOrigin_));
+    if (!place.isSilent() && !isMetByTable(interactable)) {
+        carried_ = {&interactable, place.getChanged(), point};
+    }
+    return point;
 }
 
 bool PokeFrame::isMetByTable(const PokeInteractable& interactable) const
@@ -64,27 +79,40 @@ bool PokeFrame::hasMetBefore(const PokeInteractable& interactable) const
     return interactable.getPlace().getEntered() <= moment_;
 }
 
+bool PokeFrame::hasRested(const PokeInteractable& interactable) const
+{
+    const search::Place& place = interactable.getPlace();
+    return !isMetByTable(interactable) && !place.isSilent() && place.getChanged() <= moment_;
+}
+
+// From the world into the frame of the surface as it was, or as it is if it was not met.
+Posef PokeFrame::findPreviousInverse(const PokeInteractable& interactable, const Posef& pose) const
+{
+    if (hasRested(interactable)) {
+        return interactable.getMotion().getInverse();
+    }
+    return (hasMetBefore(interactable) ? findPreviousPose(interactable) : pose).Inverted();
+}
+
 // Of an interactable that was met. One that changed after the last update was remembered then, unless it had
 // been at rest until it began the movement that it is in now.
 Posef PokeFrame::findPreviousPose(const PokeInteractable& interactable) const
 {
-    const Remembered* remembered = previousPoses_.find(interactable.getSlot());
+    const Posef* remembered = previousPoses_.find(interactable.getSlot());
     if (isMetByTable(interactable)) {
-        return remembered->pose;
+        return *remembered;
     }
-    const search::Place& place = interactable.getPlace();
     const SurfaceMotion& motion = interactable.getMotion();
-    if (!place.isSilent() && place.getChanged() <= moment_) {
+    if (hasRested(interactable)) {
         return motion.getPose();
     }
     const bool wasMoving = moment_ >= motion.getMovingSince();
-    const bool isRemembered = remembered != nullptr && (wasMoving || remembered->moment == moment_);
-    return isRemembered ? remembered->pose : motion.getRestPose();
+    return wasMoving && remembered != nullptr ? *remembered : motion.getRestPose();
 }
 
-void PokeFrame::remember(const PokeInteractable& interactable, const Posef& pose, uint64_t moment)
+void PokeFrame::remember(const PokeInteractable& interactable, const Posef& pose)
 {
-    previousPoses_.assign(interactable.getSlot()) = {pose, moment};
+    previousPoses_.assign(interactable.getSlot()) = pose;
 }
 
 void PokeFrame::rememberSurfaces(PokeInteractor& finger)
@@ -92,7 +120,7 @@ void PokeFrame::rememberSurfaces(PokeInteractor& finger)
     const uint64_t now = PokeInteractable::getStaticIndex().getChanges();
     const auto rememberOne = [&](PokeInteractable& interactable) {
         if (PokeInteractable::getStaticRegistry().admits(finger, interactable)) {
-            remember(interactable, interactable.getSurfacePatch().getBackingSurface().getPose(), now);
+            remember(interactable, interactable.getSurfacePatch().getBackingSurface().getPose());
         }
     };
     if (remembersAll_) {
@@ -107,13 +135,14 @@ void PokeFrame::rememberSurfaces(PokeInteractor& finger)
         PokeInteractable::getStaticIndex().visitSilent(rememberOwner);
     }
     moment_ = now;
+    carried_ = {};
 }
 
 void PokeFrame::rememberInAll(const PokeInteractable& interactable)
 {
     for (PokeFrame* frame : frames()) {
         if (!frame->isMetByTable(interactable) && frame->hasMetBefore(interactable)) {
-            frame->remember(interactable, frame->findPreviousPose(interactable), frame->moment_);
+            frame->remember(interactable, frame->findPreviousPose(interactable));
         }
     }
 }

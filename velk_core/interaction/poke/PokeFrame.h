@@ -45,7 +45,7 @@ public:
     void moveTo(const Vector3f& point);
 
     /// The finger counts as having rested: a path in the rest of this update has no length.
-    void forgetMovement() { previousOrigin_ = origin_; }
+    void forgetMovement();
 
     const Vector3f& getOrigin() const { return origin_; }
     const Vector3f& getPreviousOrigin() const { return previousOrigin_; }
@@ -75,20 +75,25 @@ public:
     bool getHits(const PokeInteractable& interactable, Hits& hits);
 
 private:
-    struct Remembered
+    /// The last answer of getPreviousOriginCarriedBy(), as long as the surface has not changed since.
+    struct Carried
     {
-        Posef pose;
-        uint64_t moment = kNever;
+        const PokeInteractable* interactable = nullptr;
+        uint64_t changed = 0;
+        Vector3f point;
     };
 
     bool isMetByTable(const PokeInteractable& interactable) const;
+    bool hasRested(const PokeInteractable& interactable) const;
+    Posef findPreviousInverse(const PokeInteractable& interactable, const Posef& pose) const;
     Posef findPreviousPose(const PokeInteractable& interactable) const;
-    void remember(const PokeInteractable& interactable, const Posef& pose, uint64_t moment);
+    void remember(const PokeInteractable& interactable, const Posef& pose);
 
     Vector3f origin_;
     Vector3f previousOrigin_;
     SurfaceHitCache hitCache_;
-    utility::SlotTable<Remembered> previousPoses_;
+    utility::SlotTable<Posef> previousPoses_;
+    mutable Carried carried_;
     uint64_t moment_ = kNever;
     bool remembersAll_ = false;
 };

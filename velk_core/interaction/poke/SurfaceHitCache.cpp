@@ -42,13 +42,20 @@ void SurfaceHitCache::grow()
 
 SurfaceHitCache::Entry& SurfaceHitCache::entryOf(const PokeInteractable& interactable)
 {
+    const uint64_t serial = interactable.getSlot().serial();
+    if (last_ != nullptr && last_->serial == serial && last_->frame == frame_) {
+        return *last_;
+    }
     if (2 * count_ >= entries_.size()) {
         grow();
     }
-    const uint64_t serial = interactable.getSlot().serial();
     Entry& entry = probe(serial);
+    last_ = &entry;
     if (entry.frame != frame_) {
-        entry = {{}, {}, serial, frame_};
+        entry.patch.isKnown = false;
+        entry.backing.isKnown = false;
+        entry.serial = serial;
+        entry.frame = frame_;
         ++count_;
     }
     return entry;

@@ -52,6 +52,7 @@ private:
 
     // A few interactables a frame: a hash table by serial, at most half full.
     std::vector<Entry> entries_;
+    Entry* last_ = nullptr; // the one that was asked for last
     std::size_t count_ = 0; // of this frame
     Vector3f origin_;
     uint64_t frame_ = 1;

@@ -17,9 +17,8 @@ class SurfaceMotion
 public:
     void enter(const Posef& pose, uint64_t moment)
     {
-        pose_ = pose;
-        restPose_ = pose;
-        movingSince_ = moment;
+        follow(pose);
+        begin(moment);
     }
     /// A surface that was at rest is about to change.
     void begin(uint64_t moment)
@@ -27,9 +26,16 @@ public:
         restPose_ = pose_;
         movingSince_ = moment;
     }
-    void follow(const Posef& pose) { pose_ = pose; }
+    void follow(const Posef& pose)
+    {
+        pose_ = pose;
+        inverse_ = pose.Inverted();
+    }
 
     const Posef& getPose() const { return pose_; }
+
+    /// Of getPose(), which is asked for in each search.
+    const Posef& getInverse() const { return inverse_; }
 
     /// The pose before the last time that it began to move, which was at getMovingSince().
     const Posef& getRestPose() const { return restPose_; }
@@ -37,6 +43,7 @@ public:
 
 private:
     Posef pose_;
+    Posef inverse_;
     Posef restPose_;
     uint64_t movingSince_ = 0;
 };

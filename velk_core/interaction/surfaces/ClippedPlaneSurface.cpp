@@ -3,12 +3,27 @@
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <limits>
 #include <typeinfo>
 #include <utility>
 
 namespace velk::interaction::surface
 {
+
+namespace
+{
+
+// Also of NaN, and not of zeros whose signs differ.
+bool isSameBits(const Vector3f& a, const Vector3f& b)
+{
+    return std::bit_cast<uint32_t>(a.x) == std::bit_cast<uint32_t>(b.x) &&
+           std::bit_cast<uint32_t>(a.y) == std::bit_cast<uint32_t>(b.y) &&
+           std::bit_cast<uint32_t>(a.z) == std::bit_cast<uint32_t>(b.z);
+}
+
+} // namespace
 
 ClippedPlaneSurface::ClippedPlaneSurface(std::shared_ptr<PointablePlane> backingSurface)
     : ClippedPlaneSurface(std::move(backingSurface), {})
@@ -47,6 +62,7 @@ bool ClippedPlaneSurface::listenToFrames()
 void ClippedPlaneSurface::dependenceChanged()
 {
     isCurrent_ = false;
+    hasClamped_ = false;
     changed();
 }
 
@@ -139,11 +155,18 @@ bool ClippedPlaneSurface::clampPoint(const Vector3f& point, Vector3f& clamped) c
         clamped = Vector3f::Zero();
         return false;
     }
+    if (hasClamped_ && isSameBits(point, clampedFrom_)) {
+        clamped = clampedTo_;
+        return true;
+    }
     const Vector3f local = getPose().InverseTransform(point);
     const Vector3f within(std::clamp(local.x, bounds.lowerBound.x, bounds.upperBound.x),
                           std::clamp(local.y, bounds.lowerBound.y, bounds.upperBound.y),
                           std::clamp(local.z, bounds.lowerBound.z, bounds.upperBound.z));
     clamped = getPose().Transform(within);
+    clampedFrom_ = point;
+    clampedTo_ = clamped;
+    hasClamped_ = tellsOfChanges_;
     return true;
 }
 

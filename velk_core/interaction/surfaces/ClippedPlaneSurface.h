@@ -82,6 +82,10 @@ private:
     mutable velk::math::AxisAlignedBox clipBounds_;
     mutable bool hasClipBounds_ = false;
     mutable bool isCurrent_ = false;
+    // A finger asks up to three times about one point.
+    mutable Vector3f clampedFrom_;
+    mutable Vector3f clampedTo_;
+    mutable bool hasClamped_ = false;
 };
 
 } // namespace velk::interaction::surface
