@@ -69,6 +69,10 @@ void gatherAround(const PokeFrame& frame, const PokeInteractor::Config& config, 
                   std::vector<PokeInteractable*>& found)
 {
     SurfaceIndex& index = PokeInteractable::getStaticIndex();
+    if (index.empty()) {
+        found.clear();
+        return;
+    }
     index.look(PokeFrame::getLeastMoment());
     const uint64_t moment = frame.getMoment();
     if (frame.remembersAll() || moment == PokeFrame::kNever || !isOrdinary(frame, config)) {

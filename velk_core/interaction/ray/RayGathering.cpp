@@ -31,10 +31,11 @@ float farthestCoordinate(const Vector3f& point)
 
 bool isOrdinary(const math::Ray& ray)
 {
-    const float length = ray.direction.Length();
+    const float squaredLength = ray.direction.LengthSq();
     const Vector3f& origin = ray.origin;
-    return length >= kShortest && length <= kLongest && std::fabs(origin.x) <= kFarthest &&
-           std::fabs(origin.y) <= kFarthest && std::fabs(origin.z) <= kFarthest;
+    return squaredLength >= kShortest * kShortest && squaredLength <= kLongest * kLongest &&
+           std::fabs(origin.x) <= kFarthest && std::fabs(origin.y) <= kFarthest &&
+           std::fabs(origin.z) <= kFarthest;
 }
 
 bool isAlongSide(const Vector3f& direction)
@@ -56,6 +57,10 @@ float awayFromZero(float component)
 void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
 {
     SurfaceIndex& index = RayInteractable::getStaticIndex();
+    if (index.empty()) {
+        found.clear();
+        return;
+    }
     index.look(SurfaceIndex::kEver);
     if (SurfaceIndex::scansAll() || !isOrdinary(ray) || (index.hasBoxes() && isAlongSide(ray.direction))) {
         const auto& all = RayInteractable::getStaticRegistry().getAll();
@@ -63,7 +68,7 @@ void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
         return;
     }
     found.clear();
-    const Vector3f direction = ray.direction.Normalized();
+    const Vector3f& direction = ray.direction;
     const search::RayQuery query(
         ray.origin, Vector3f(awayFromZero(direction.x), awayFromZero(direction.y), awayFromZero(direction.z)),
         kRelativeSlack * farthestCoordinate(ray.origin) + kLeastSlack);

@@ -43,6 +43,8 @@ public:
     void change(Place& place, const Region& region);
     void leave(Place& place);
 
+    bool empty() const { return count_ == 0; }
+
     /// Counts entries and changes: what stands for the time here.
     uint64_t getChanges() const { return changes_; }
 
