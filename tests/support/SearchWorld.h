@@ -133,7 +133,11 @@ private:
     }
     Quatf rotation()
     {
-        switch (below(8)) {
+        switch (below(10)) {
+        case 8:
+            return Quatf(number(1.0f), 0.0f, 0.0f, 1.0f).Normalized();
+        case 9:
+            return Quatf(0.0f, number(1.0f), 0.0f, 1.0f).Normalized();
         case 0: {
             const Vector3f imaginary = vector(1.0f);
             return Quatf(imaginary.x, imaginary.y, imaginary.z, 1.0f).Normalized();
@@ -314,7 +318,14 @@ private:
             below(4) == 0 ? rotation() : Quatf(number(0.2f), number(0.2f), 0.001f, 1.0f).Normalized();
         Vector3f from = below(2) == 0 ? vector(0.5f) : Vector3f(0.01f, 0.0f, 0.3f);
         if (!boxes_.empty() && below(6) == 0) {
-            from.x = any(boxes_)->getLowerBound().x; // in the plane of a side
+            // In the plane of a side.
+            const Vector3f corner = any(boxes_)->getLowerBound();
+            const uint32_t axis = below(3);
+            (axis == 0   ? from.x
+             : axis == 1 ? from.y
+                         : from.z) = axis == 0   ? corner.x
+                                     : axis == 1 ? corner.y
+                                                 : corner.z;
         }
         ray->setRayOrigin({turn, from});
         ray->update();

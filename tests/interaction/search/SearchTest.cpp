@@ -3,6 +3,8 @@
 #include "tests/support/AllocationCounter.h"
 #include "tests/support/PokeScene.h"
 #include "tests/support/SearchWorld.h"
+#include "velk_core/interaction/poke/PokeGathering.h"
+#include "velk_core/interaction/ray/RayGathering.h"
 
 #include <gtest/gtest.h>
 
@@ -70,6 +72,24 @@ public:
 
     int getSelects() const { return selects_; }
 
+    /// How many are gathered by a finger and a ray over the board; the finger has been there before.
+    std::size_t countGathered(const Vector3f& point, const PokeInteractor::Config& config)
+    {
+        interaction::PokeFrame frame;
+        frame.moveTo(point);
+        frame.moveTo(point + units(0, 0, 1));
+        frame.rememberSurfaces(finger_);
+        std::vector<PokeInteractable*> touched;
+        gatherAround(frame, config, nullptr, touched);
+        return touched.size();
+    }
+    static std::size_t countGathered(const math::Ray& ray)
+    {
+        std::vector<interaction::RayInteractable*> met;
+        gatherAlong(ray, met);
+        return met.size();
+    }
+
     static constexpr int kCount = 600;
 
 private:
@@ -81,6 +101,37 @@ private:
     interaction::RayInteractor ray_;
     int selects_ = 0;
 };
+
+TEST(Search, GathersFewUnlessNumbersAreOdd)
+{
+    Board board;
+    constexpr std::size_t kAll = Board::kCount;
+    constexpr float kFar = 1.1e5f;
+    for (int number = 0; number < Board::kCount; ++number) {
+        board.frame(number); // they come to rest in the index, or stay in its list
+    }
+    PokeInteractor::Config config;
+    EXPECT_LE(board.countGathered(units(5500, 0, 8), config), 3U);
+    EXPECT_EQ(board.countGathered({kFar, 0, 0}, config), kAll);
+    EXPECT_EQ(board.countGathered({0, kFar, 0}, config), kAll);
+    EXPECT_EQ(board.countGathered({0, 0, -kFar}, config), kAll);
+    config.radius = 0.0f;
+    EXPECT_EQ(board.countGathered(units(5500, 0, 8), config), kAll);
+    config.radius = 1.1e3f;
+    EXPECT_EQ(board.countGathered(units(5500, 0, 8), config), kAll);
+    config.radius = 0.01f;
+    config.equalDistanceEpsilon = -1.0f;
+    EXPECT_EQ(board.countGathered(units(5500, 0, 8), config), kAll);
+
+    const Vector3f down(0, 0, -1);
+    EXPECT_LE(Board::countGathered({units(5500, 0, 1024), down}), 3U);
+    EXPECT_LE(Board::countGathered({units(5500, 0, 1024), down * 900.0f}), 3U);
+    EXPECT_EQ(Board::countGathered({units(5500, 0, 1024), down * 1.1e3f}), kAll);
+    EXPECT_EQ(Board::countGathered({units(5500, 0, 1024), down * 0.9e-3f}), kAll);
+    EXPECT_EQ(Board::countGathered({{kFar, 0, 0}, down}), kAll);
+    EXPECT_EQ(Board::countGathered({{0, -kFar, 0}, down}), kAll);
+    EXPECT_EQ(Board::countGathered({{0, 0, kFar}, down}), kAll);
+}
 
 TEST(Search, ASteadyFrameAllocatesNothing)
 {
