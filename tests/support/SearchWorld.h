@@ -156,18 +156,18 @@ private:
         return {rotation(), position};
     }
 
-    std::shared_ptr<Plane> makePlane()
+    std::shared_ptr<Plane> makePlane(float reach)
     {
         const Posef at = pose();
-        const float x = number(0.04f);
-        const Vector2f size(std::fabs(x), below(16) == 0 ? -0.01f : 0.02f);
+        const float x = number(2.0f * reach);
+        const Vector2f size(std::fabs(x), below(16) == 0 ? -0.01f : reach);
         planes_.push_back(below(24) == 0 ? std::make_shared<Drifting>(at, size)
                                          : std::make_shared<Plane>(at, size));
         return planes_.back();
     }
     std::shared_ptr<Patch> makePatch()
     {
-        const auto plane = !planes_.empty() && below(4) == 0 ? any(planes_) : makePlane();
+        const auto plane = !planes_.empty() && below(4) == 0 ? any(planes_) : makePlane(below(8) == 0 ? 0.02f : 100.0f);
         std::vector<interaction::surface::BoundsClipper> clippers;
         for (uint32_t left = below(16) == 0 ? 0 : 1 + below(2); left > 0; --left) {
             const auto frame = below(4) == 0 ? any(planes_) : plane;
@@ -184,7 +184,7 @@ private:
         case 1:
             return makePatch();
         default:
-            return makePlane();
+            return makePlane(0.02f);
         }
     }
 
