@@ -167,7 +167,10 @@ private:
     }
     std::shared_ptr<Patch> makePatch()
     {
-        const auto plane = !planes_.empty() && below(4) == 0 ? any(planes_) : makePlane(below(8) == 0 ? 0.02f : 100.0f);
+        // Beyond the end of a plane nothing crosses it; the index knows patches far from there.
+        constexpr std::array<float, 6> kReaches{0.02f, 12.0f, 12.0f, 100.0f, 100.0f, 100.0f};
+        const auto plane =
+            !planes_.empty() && below(4) == 0 ? any(planes_) : makePlane(kReaches[below(kReaches.size())]);
         std::vector<interaction::surface::BoundsClipper> clippers;
         for (uint32_t left = below(16) == 0 ? 0 : 1 + below(2); left > 0; --left) {
             const auto frame = below(4) == 0 ? any(planes_) : plane;
@@ -195,12 +198,15 @@ private:
             config.dragThresholds.dragEaseCurve = utility::ProgressCurve(0.05f, clock());
             config.enterHoverTangent = below(4) == 0 ? number(0.01f) : 0.0f;
             config.minThresholds.enabled = below(4) == 0;
-            config.minThresholds.minNormal = below(8) == 0 ? number(0.01f) : 0.01f;
+            config.minThresholds.minNormal = below(8) == 0 ? number(0.1f) : 0.01f;
             if (below(16) == 0) {
                 buttons_.push_back(std::make_unique<ForOne>(config, makePatch()));
             } else {
                 buttons_.push_back(
                     std::make_unique<interaction::PokeInteractable>(config, makePatch(), nullptr));
+            }
+            if (below(8) == 0) {
+                buttons_.back()->setCloseDistanceThreshold(number(0.1f));
             }
         }
     }
@@ -228,10 +234,13 @@ private:
             button->onDisable();
             break;
         case 2:
+            // Comes back elsewhere: fingers still know where it was.
+            button->onDisable();
+            any(planes_)->setPose(pose());
             button->onEnable();
             break;
         case 3:
-            button->setCloseDistanceThreshold(number(0.02f));
+            button->setCloseDistanceThreshold(number(0.1f));
             break;
         default:
             button->setSurfacePatch(makePatch());
@@ -256,7 +265,8 @@ private:
         for (uint32_t left = below(6); left > 0 && !planes_.empty(); --left) {
             auto& plane = any(planes_);
             const Posef at = plane->getPose();
-            plane->setPose(below(2) == 0 ? pose() : Posef(at.rotation, at.translation + vector(0.01f)));
+            const Vector3f step = below(2) == 0 ? vector(0.01f) : Vector3f(number(0.01f), 0.0f, 0.0f);
+            plane->setPose(below(2) == 0 ? pose() : Posef(at.rotation, at.translation + step));
             if (below(8) == 0) {
                 plane->setSize(Vector2f(number(0.04f), number(0.04f)));
             }
@@ -291,8 +301,10 @@ private:
         const bool jumps = below(8) == 0;
         // Towards a button, so that there are presses, or just somewhere.
         Vector3f point = finger->getOrigin() + vector(0.01f);
-        if (jumps) {
-            point = vector(0.2f);
+        if (below(8) == 0) {
+            point = finger->getOrigin();
+        } else if (jumps) {
+            point = vector(below(4) == 0 ? 60.0f : 0.2f);
         } else if (!buttons_.empty() && below(4) == 0) {
             const Posef at = any(buttons_)->getSurfacePatch().getBackingSurface().getPose();
             point = at.Transform(Vector3f(0.0f, 0.0f, number(0.04f)));

@@ -115,6 +115,7 @@ TEST_F(PokePress, IsVetoedByACloseSurfaceBehind)
     EXPECT_EQ(press(4, 0, 0, 0, 4), "1H(1S1M");    // no close distance
     EXPECT_EQ(press(5, 0, 4, 0, 4), "1H(1S1M");    // beyond it
     EXPECT_EQ(press(4, 0, 4, 0, 4), "-");          // at it
+    EXPECT_EQ(press(300, 0, 300, 0, 4), "-");      // far from the finger
     EXPECT_EQ(press(4, 0, 4, 0, 3), "1H(1S1M");    // farther beside it than it admits
     EXPECT_EQ(press(4, -1, 4, 0, 5), "1H(1S1M");   // farther beside it than beside the pressed one
     EXPECT_EQ(press(4, 0, 4, 0, 4, 12), "(1S1M");  // not begun clearly above it

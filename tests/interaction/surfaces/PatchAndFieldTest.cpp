@@ -84,9 +84,12 @@ TEST_F(ClippedPlane, AClipperFollowsItsOwnFrameButKeepsThePlanesAxes)
 {
     const auto surface = patch({{carrier, axis(0), Vector3f(2.0f, 0.5f, 1.0f)}});
     EXPECT_TRUE(hits(surface, 1.9f, 0.2f));
+    EXPECT_TRUE(surface.closestSurfacePoint(axis(0) * 5.0f, hit, 0.0f) && isNear(hit.point, axis(0) * 2.0f));
     // A quarter turn takes the centre from (1, 0) to (0, 1), and leaves the long side along x.
     carrier->setPose(Posef(turn(axis(2), TAL::kPi / 2.0f), Vector3f::ZERO));
     EXPECT_TRUE(hits(surface, 0.9f, 1.2f) && !hits(surface, 1.9f, 0.2f) && !hits(surface, 0.2f, 1.9f));
+    EXPECT_TRUE(surface.closestSurfacePoint(axis(0) * 5.0f, hit, 0.0f));
+    EXPECT_TRUE(isNear(hit.point, Vector3f(1.0f, 0.75f, 0.0f), kRounding));
 }
 
 TEST_F(ClippedPlane, IsItsPlaneInAllThatIsNotClipped)

@@ -94,8 +94,8 @@ Posef PokeFrame::findPreviousInverse(const PokeInteractable& interactable, const
     return (hasMetBefore(interactable) ? findPreviousPose(interactable) : pose).Inverted();
 }
 
-// Of an interactable that was met. One that changed after the last update was remembered then, unless it had
-// been at rest until it began the movement that it is in now.
+// Of an interactable that was met. One that has changed since the last update was remembered in the last
+// update that saw it change; if none did, it was where it rested until it began to move.
 Posef PokeFrame::findPreviousPose(const PokeInteractable& interactable) const
 {
     const Posef* remembered = previousPoses_.find(interactable.getSlot());
@@ -106,8 +106,7 @@ Posef PokeFrame::findPreviousPose(const PokeInteractable& interactable) const
     if (hasRested(interactable)) {
         return motion.getPose();
     }
-    const bool wasMoving = moment_ >= motion.getMovingSince();
-    return wasMoving && remembered != nullptr ? *remembered : motion.getRestPose();
+    return remembered != nullptr ? *remembered : motion.getRestPose();
 }
 
 void PokeFrame::remember(const PokeInteractable& interactable, const Posef& pose)
@@ -135,7 +134,6 @@ void PokeFrame::rememberSurfaces(PokeInteractor& finger)
         PokeInteractable::getStaticIndex().visitSilent(rememberOwner);
     }
     moment_ = now;
-    carried_ = {};
 }
 
 void PokeFrame::rememberInAll(const PokeInteractable& interactable)

@@ -74,8 +74,9 @@ void gatherAround(const PokeFrame& frame, const PokeInteractor::Config& config, 
         return;
     }
     index.look(PokeFrame::getLeastMoment());
-    const uint64_t moment = frame.getMoment();
-    if (frame.remembersAll() || moment == PokeFrame::kNever || !isOrdinary(frame, config)) {
+    // For a finger that was never updated nothing has moved.
+    const uint64_t moment = frame.getMoment() != PokeFrame::kNever ? frame.getMoment() : SurfaceIndex::kEver;
+    if (frame.remembersAll() || !isOrdinary(frame, config)) {
         const auto& all = PokeInteractable::getStaticRegistry().getAll();
         found.assign(all.begin(), all.end());
         return;

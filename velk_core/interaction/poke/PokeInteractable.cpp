@@ -82,7 +82,7 @@ void PokeInteractable::disable()
 void PokeInteractable::enterIndex()
 {
     getStaticIndex().enter(place_, findRegion());
-    motion_.enter(findPose(), place_.getEntered());
+    motion_ = SurfaceMotion(findPose());
     listenToPatch();
 }
 
@@ -108,7 +108,7 @@ void PokeInteractable::surfaceChanged()
         return;
     }
     if (!place_.isRestless() && !place_.isSilent()) {
-        motion_.begin(getStaticIndex().getChanges() + 1);
+        motion_.begin();
     }
     motion_.follow(findPose());
     getStaticIndex().change(place_, findRegion());

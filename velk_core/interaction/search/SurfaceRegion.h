@@ -19,7 +19,7 @@ Region findRegionOfRays(const surface::ISurface* surface);
 
 /// Metres that a finger can go in one update and never both cross a patch's plane beyond its end and come to
 /// lie over the patch: a patch so near to the end of its plane is odd.
-inline constexpr float kShortWay = 0.5f;
+inline constexpr float kShortWay = 10.0f;
 
 /// All places of a point that lies over the patch or by its edge, not higher than `height` and not farther
 /// out than `margin`.
