@@ -39,23 +39,18 @@ const Known* as(const surface::ISurface* surface)
                                                                    : nullptr;
 }
 
-/// In the frame of a surface.
+/// In the frame of a plane.
 struct Extent
 {
     Vector3f lower;
     Vector3f upper;
 };
 
-float farthestCoordinate(const Box& box)
+/// No coordinate is farther, and with a NaN among them it is NaN.
+float farthestCoordinate(const Vector3f& lower, const Vector3f& upper)
 {
-    float farthest = 0.0f;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        // A NaN goes on to be refused.
-        for (const float coordinate : {box.lower[axis], box.upper[axis]}) {
-            farthest = std::fabs(coordinate) <= farthest ? farthest : std::fabs(coordinate);
-        }
-    }
-    return farthest;
+    return std::fabs(lower.x) + std::fabs(lower.y) + std::fabs(lower.z) + std::fabs(upper.x) +
+           std::fabs(upper.y) + std::fabs(upper.z);
 }
 
 Region oddRegion()
@@ -65,37 +60,41 @@ Region oddRegion()
     return region;
 }
 
-Region finish(Box box, float slack)
+Region finish(const Vector3f& lower, const Vector3f& upper, float slack)
 {
-    const float farthest = farthestCoordinate(box);
+    const float farthest = farthestCoordinate(lower, upper);
     if (!(farthest <= kFarthest)) {
         return oddRegion();
     }
+    Box box{{lower.x, lower.y, lower.z}, {upper.x, upper.y, upper.z}};
     box.grow(slack + kRelativeSlack * farthest + kLeastSlack);
     return {box, false, false, false};
 }
 
+Vector3f absolute(const Vector3f& vector)
+{
+    return {std::fabs(vector.x), std::fabs(vector.y), std::fabs(vector.z)};
+}
+
 // A rotation that is not quite of unit length scales by its squared length, some queries into the frame and
 // out of it.
-Region turn(const Posef& pose, const Extent& extent)
+Region turn(const PointablePlane& plane, const Extent& extent)
 {
     constexpr float kTimesScaled = 4.0f;
+    const Posef pose = plane.getPose();
     const float scaled = kTimesScaled * std::fabs(pose.rotation.LengthSq() - 1.0f);
-
-    const float reach = farthestCoordinate(
-        {{extent.lower.x, extent.lower.y, extent.lower.z}, {extent.upper.x, extent.upper.y, extent.upper.z}});
+    const float reach = farthestCoordinate(extent.lower, extent.upper);
     if (!(scaled <= kTimesScaled * kLengthTolerance) || !(reach <= kFarthest)) {
         return oddRegion();
     }
-    Box box;
-    for (const float x : {extent.lower.x, extent.upper.x}) {
-        for (const float y : {extent.lower.y, extent.upper.y}) {
-            for (const float z : {extent.lower.z, extent.upper.z}) {
-                box.add(pose.Transform(Vector3f(x, y, z)));
-            }
-        }
-    }
-    return finish(box, (scaled + kRelativeSlack) * reach);
+    const Vector3f middle = 0.5f * (extent.lower + extent.upper);
+    const Vector3f half = 0.5f * (extent.upper - extent.lower);
+    const Vector3f normal = plane.getNormal();
+    const Vector3f centre =
+        pose.translation + plane.getXAxis() * middle.x + plane.getYAxis() * middle.y + normal * middle.z;
+    const Vector3f around =
+        absolute(plane.getXAxis()) * half.x + absolute(plane.getYAxis()) * half.y + absolute(normal) * half.z;
+    return finish(centre - around, centre + around, (scaled + kRelativeSlack) * reach);
 }
 
 // The rectangle of a plane, within its clip box if it has one. A negative size, which nothing hits, is left
@@ -113,16 +112,17 @@ Region findRegionOfRectangle(const PointablePlane& plane, const math::AxisAligne
     if (!(extent.lower.x <= extent.upper.x && extent.lower.y <= extent.upper.y)) {
         return oddRegion();
     }
-    return turn(plane.getPose(), extent);
+    return turn(plane, extent);
 }
 
 Region findRegionOfBox(const PointableAxisAlignedBox& box)
 {
     // A box whose bounds are the wrong way round is hit like any other.
-    Box sides;
-    sides.add(box.getLowerBound());
-    sides.add(box.getUpperBound());
-    Region region = finish(sides, 0.0f);
+    const Vector3f lower = box.getLowerBound();
+    const Vector3f upper = box.getUpperBound();
+    Region region =
+        finish({std::min(lower.x, upper.x), std::min(lower.y, upper.y), std::min(lower.z, upper.z)},
+               {std::max(lower.x, upper.x), std::max(lower.y, upper.y), std::max(lower.z, upper.z)}, 0.0f);
     region.isBox = !region.isOdd;
     return region;
 }
@@ -190,7 +190,7 @@ Region findRegionOfTouch(const surface::ISurfacePatch* patch, float height, floa
     }
     const Extent extent{Vector3f(clip.lowerBound.x - margin, clip.lowerBound.y - margin, 0.0f),
                         Vector3f(clip.upperBound.x + margin, clip.upperBound.y + margin, height)};
-    return turn(clipped->getPose(), extent);
+    return turn(clipped->getPlane(), extent);
 }
 
 } // namespace velk::interaction::search

@@ -27,6 +27,10 @@ public:
 
     Vector3f getNormal() const;
 
+    /// The axes of its own frame, in world space.
+    const Vector3f& getXAxis() const { return xAxis_; }
+    const Vector3f& getYAxis() const { return yAxis_; }
+
     Posef getPose() const override;
 
     /// `maxDistance` limits the height of the ray's origin over the plane, not the length of the ray.
