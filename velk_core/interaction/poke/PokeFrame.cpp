@@ -54,14 +54,13 @@ void PokeFrame::forgetMovement()
 Vector3f PokeFrame::getPreviousOriginCarriedBy(const PokeInteractable& interactable) const
 {
     const search::Place& place = interactable.getPlace();
-    if (carried_.interactable == &interactable && carried_.changed == place.getChanged() &&
-        place.isEntered()) {
+    if (carried_.changed == place.getChanged() && place.isEntered()) {
         return carried_.point;
     }
     const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
     const Vector3f point = pose.Transform(findPreviousInverse(interactable, pose).Transform(previousOrigin_));
     if (!place.isSilent() && !isMetByTable(interactable)) {
-        carried_ = {&interactable, place.getChanged(), point};
+        carried_ = {place.getChanged(), point};
     }
     return point;
 }

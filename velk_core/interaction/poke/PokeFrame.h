@@ -75,10 +75,9 @@ public:
     bool getHits(const PokeInteractable& interactable, Hits& hits);
 
 private:
-    /// The last answer of getPreviousOriginCarriedBy(), as long as the surface has not changed since.
+    /// The last answer of getPreviousOriginCarriedBy(), of the surface whose last change is this one.
     struct Carried
     {
-        const PokeInteractable* interactable = nullptr;
         uint64_t changed = 0;
         Vector3f point;
     };
