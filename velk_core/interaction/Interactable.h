@@ -145,6 +145,9 @@ public:
         updateInteractableState();
     }
 
+    /// Its place in its registry.
+    typename Registry::Interactables::Link& getRegistryLink() { return registryLink_; }
+
     bool hasInteractor(const TInteractor& interactor) const { return interactors_.contains(&interactor); }
 
     void addSelectingInteractor(TInteractor* interactor)
@@ -247,6 +250,7 @@ private:
     }
 
     InteractableState state_ = InteractableState::Disabled;
+    typename Registry::Interactables::Link registryLink_;
     Interactors selectingInteractors_;
     Interactors interactors_;
     utility::MultiAction<> whenInteractorsCountUpdated_;

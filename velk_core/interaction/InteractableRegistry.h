@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "velk_core/utility/LinkedList.h"
 #include "velk_core/utility/MultiAction.h"
-#include "velk_core/utility/OrderedSet.h"
 #include "velk_core/utility/Subscription.h"
 
 #include <functional>
@@ -19,14 +19,15 @@ template <typename TInteractor, typename TInteractable>
 class InteractableRegistry
 {
 public:
-    void registerInteractable(TInteractable* interactable) { interactables_.insert(interactable); }
+    using Interactables = utility::LinkedList<TInteractable>;
+
+    void registerInteractable(TInteractable* interactable)
+    {
+        interactables_.insert(*interactable, interactable->getRegistryLink());
+    }
     void unregisterInteractable(TInteractable* interactable)
     {
-        interactables_.erase(interactable);
-        if (interactables_.empty()) {
-            // Gives the buffer back, see NeverDestroyed.
-            interactables_ = utility::OrderedSet<TInteractable*>();
-        }
+        interactables_.erase(interactable->getRegistryLink());
     }
 
     /// The interactables that `interactor` may consider. An empty `filter` admits everything.
@@ -49,7 +50,7 @@ public:
         return interactor.canSelect(&interactable) && interactable.canBeSelectedBy(interactor);
     }
 
-    const utility::OrderedSet<TInteractable*>& getAll() const { return interactables_; }
+    const Interactables& getAll() const { return interactables_; }
 
     /// Told by an interactable's destructor, so that whoever remembers its address forgets it. The pointer is
     /// for comparison only.
@@ -64,7 +65,7 @@ public:
     }
 
 private:
-    utility::OrderedSet<TInteractable*> interactables_;
+    Interactables interactables_;
     utility::MultiAction<const TInteractable*> whenInteractableDestroyed_;
 };
 
