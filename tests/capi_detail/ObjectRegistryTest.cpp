@@ -13,7 +13,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <random>
 #include <stdexcept>
 
 using namespace velk;
@@ -67,6 +70,31 @@ TEST(ObjectRegistry, TheCounterWrapsOverMinusOne)
     EXPECT_EQ(number(registry.insert(object)), -1); // handed out like any other
     EXPECT_EQ(registry.get(Handle{-1}), object);
     EXPECT_EQ(number(registry.insert(object)), 0);
+}
+
+// Some stay for long, most come and go.
+TEST(ObjectRegistry, FindsWhatLivesHoweverMuchHasGone)
+{
+    Registry registry;
+    std::map<int32_t, int> living;
+    std::mt19937 random(1);
+    for (int round = 0; round < 20000; ++round) {
+        const bool makes = living.size() < 10 || (living.size() < 300 && random() % 2 == 0);
+        if (makes) {
+            living[number(registry.insert(std::make_shared<int>(round)))] = round;
+        } else {
+            auto gone = living.begin();
+            std::advance(gone, random() % 8 == 0 ? random() % living.size() : living.size() - 1);
+            EXPECT_EQ(registry.destroy(Handle{gone->first}), 0);
+            EXPECT_EQ(registry.getRawPointer(Handle{gone->first}), nullptr);
+            living.erase(gone);
+        }
+        if (round % 64 == 0) {
+            for (const auto& [handle, value] : living) {
+                ASSERT_EQ(*registry.getRawPointer(Handle{handle}), value);
+            }
+        }
+    }
 }
 
 TEST(ObjectRegistry, SharesOwnership)

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "velk_capi/detail/FlatTable.h"
 #include "velk_capi/detail/Status.h"
 
 #include <cstdint>
 #include <memory>
-#include <unordered_map>
+#include <typeinfo>
 #include <utility>
 
 namespace velk::capi
@@ -30,9 +31,10 @@ public:
     H insert(std::shared_ptr<T> object)
     {
         const H handle = toHandle(nextHandle_);
-        objects_.emplace(handle, std::move(object));
+        const std::type_info* const type = object != nullptr ? &typeOf(*object) : nullptr;
+        objects_.insert(handle, {std::move(object), type});
         ++nextHandle_;
-        while (objects_.contains(toHandle(nextHandle_))) {
+        while (objects_.find(toHandle(nextHandle_)) != nullptr) {
             ++nextHandle_;
         }
         return handle;
@@ -63,43 +65,65 @@ public:
     /// Empty for an unknown handle.
     std::shared_ptr<T> get(H handle) const
     {
-        const auto found = objects_.find(handle);
-        return found == objects_.end() ? nullptr : found->second;
+        const Held* const held = objects_.find(handle);
+        return held != nullptr ? held->object : nullptr;
     }
 
     /// Null for an unknown handle. The pointer is kept alive by this table alone.
-    T* getRawPointer(H handle) const { return get(handle).get(); }
+    T* getRawPointer(H handle) const
+    {
+        const Held* const held = objects_.find(handle);
+        return held != nullptr ? held->object.get() : nullptr;
+    }
+
+    /// The object if it is a `U`: a live handle of another concrete kind reads as an unknown one. It is asked
+    /// only where its class is not `U` itself.
+    template <typename U>
+    U* getRawPointerAs(H handle) const
+    {
+        const Held* const held = objects_.find(handle);
+        if (held == nullptr) {
+            return nullptr;
+        }
+        if constexpr (requires(T * object) { static_cast<U*>(object); }) {
+            if (held->type == &typeid(U)) {
+                return static_cast<U*>(held->object.get());
+            }
+        }
+        return dynamic_cast<U*>(held->object.get());
+    }
 
     /// Ends the handle. The object goes when its last reference held elsewhere has gone.
     int32_t destroy(H handle)
     {
-        const auto found = objects_.find(handle);
-        if (found == objects_.end()) {
+        if (objects_.find(handle) == nullptr) {
             return kFailure;
         }
         // Taken out first: the object's destructor must not find a half-erased table.
-        const std::shared_ptr<T> last = std::move(found->second);
-        objects_.erase(found);
-        if (objects_.empty()) {
-            decltype(objects_)().swap(objects_); // gives the buckets back, see NeverDestroyed
-        }
+        const Held last = objects_.take(handle);
         return kSuccess;
     }
 
     bool isEmpty() const { return objects_.empty(); }
 
 private:
+    struct Held
+    {
+        std::shared_ptr<T> object;
+        const std::type_info* type = nullptr; // the concrete class
+    };
+
+    static const std::type_info& typeOf(const T& object) { return typeid(object); }
     static H toHandle(uint32_t value) { return static_cast<H>(static_cast<int32_t>(value)); }
 
     uint32_t nextHandle_;
-    std::unordered_map<H, std::shared_ptr<T>> objects_;
+    FlatTable<H, Held> objects_;
 };
 
-/// The object of a handle if it is a `U`: a live handle of another concrete kind reads as an unknown one.
 template <typename U, typename T, typename H>
 U* getRawPointerAs(const ObjectRegistry<T, H>& registry, H handle)
 {
-    return dynamic_cast<U*>(registry.getRawPointer(handle));
+    return registry.template getRawPointerAs<U>(handle);
 }
 
 } // namespace velk::capi

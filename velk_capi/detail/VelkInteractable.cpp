@@ -7,6 +7,7 @@
 #include "velk_common/NeverDestroyed.h"
 
 #include <cstdint>
+#include <stdexcept>
 #include <utility>
 
 namespace velk::capi::interactable
@@ -33,7 +34,7 @@ VelkInteractableHandle insert(std::shared_ptr<interaction::IInteractable> object
 {
     const interaction::IInteractable* const pointer = object.get();
     return internal::getRegistry().insert(std::move(object), [pointer](VelkInteractableHandle handle) {
-        internal::getReverseLookUpRegistry().emplace(pointer, handle);
+        internal::getReverseLookUpRegistry().insert(pointer, handle);
     });
 }
 
@@ -44,15 +45,18 @@ std::shared_ptr<interaction::IInteractable> getPtr(VelkInteractableHandle intera
 
 VelkInteractableHandle getHandle(const interaction::IInteractable* object)
 {
-    return internal::getReverseLookUpRegistry().at(object);
+    const VelkInteractableHandle* const handle = internal::getReverseLookUpRegistry().find(object);
+    if (handle == nullptr) {
+        throw std::out_of_range("an interactable without a handle");
+    }
+    return *handle;
 }
 
 int32_t destroy(VelkInteractableHandle interactable)
 {
-    internal::ReverseLookUpRegistry& handles = internal::getReverseLookUpRegistry();
-    handles.erase(internal::getRegistry().getRawPointer(interactable));
-    if (handles.empty()) {
-        internal::ReverseLookUpRegistry().swap(handles); // gives the buckets back, see NeverDestroyed
+    const interaction::IInteractable* const object = internal::getRegistry().getRawPointer(interactable);
+    if (internal::getReverseLookUpRegistry().find(object) != nullptr) {
+        internal::getReverseLookUpRegistry().take(object);
     }
     return internal::getRegistry().destroy(interactable);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "velk_capi/detail/FlatTable.h"
 #include "velk_capi/detail/ObjectRegistry.h"
 #include "velk_core/interaction/IInteractable.h"
 
@@ -9,7 +10,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <unordered_map>
 
 namespace velk::capi::interactable
 {
@@ -18,7 +18,7 @@ namespace internal
 {
 
 using Registry = ObjectRegistry<interaction::IInteractable, VelkInteractableHandle>;
-using ReverseLookUpRegistry = std::unordered_map<const interaction::IInteractable*, VelkInteractableHandle>;
+using ReverseLookUpRegistry = FlatTable<const interaction::IInteractable*, VelkInteractableHandle>;
 
 Registry& getRegistry();
 
