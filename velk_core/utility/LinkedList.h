@@ -8,8 +8,8 @@
 namespace velk::utility
 {
 
-/// Pointers in the order of insertion, each in a link that its owner provides: nothing is searched, nothing is
-/// allocated. A link is in one list at a time and must outlive its time there.
+/// Pointers in the order of insertion, each in a link that its owner provides: nothing is searched, nothing
+/// is allocated. A link is in one list at a time and must outlive its time there.
 template <typename T>
 class LinkedList
 {
