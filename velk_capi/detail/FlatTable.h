@@ -26,7 +26,7 @@ public:
         if (count_ == 0) {
             return nullptr;
         }
-        const Entry& entry = entries_[placeOf(key)];
+        const Entry& entry = entries_.data()[placeOf(key)];
         return entry.isUsed ? &entry.value : nullptr;
     }
 
@@ -78,8 +78,9 @@ private:
 
     std::size_t placeOf(Key key) const
     {
+        const Entry* const entries = entries_.data();
         std::size_t place = homeOf(key);
-        while (entries_[place].isUsed && entries_[place].key != key) {
+        while (entries[place].isUsed && entries[place].key != key) {
             place = (place + 1) & (entries_.size() - 1);
         }
         return place;
