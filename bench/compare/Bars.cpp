@@ -18,8 +18,8 @@ namespace
 {
 
 constexpr double kMuchSlower = 1.3;
-constexpr std::array kColumns{"velk",  "scan", "Embree",  "Embree, rebuilt", "Bullet",
-                              "empty", "old",  "by 1000", "its median"};
+constexpr std::array kColumns{"velk",  "scan", "Embree",  "rebuilt", "Bullet",
+                              "empty", "old",  "at 1000", "median"};
 
 enum class Measure
 {
@@ -58,7 +58,7 @@ std::vector<Bar> allBars()
         bars.push_back({job, "Embree", Measure::Ratio, atMost});
         bars.push_back({job, "Embree", Measure::LessEmpty, 1.2});
     }
-    for (const char* other : {"Embree", "Embree, rebuilt"}) {
+    for (const char* other : {"Embree", "rebuilt"}) {
         bars.push_back({"ray, a tenth moves 1000", other, Measure::Ratio, 0.5});
     }
     bars.push_back({"ray, a tenth moves 1000", "Bullet", Measure::Ratio, 1.0});
@@ -76,8 +76,8 @@ std::vector<Bar> allBars()
     bars.push_back({"call", "old", Measure::Ratio, 0.25});
     bars.push_back({"call, checked kind", "old", Measure::Ratio, 0.25});
     bars.push_back({"everything 1000", "velk", Measure::Nanoseconds, 8000.0});
-    bars.push_back({"everything 10000", "by 1000", Measure::Ratio, 1.3});
-    bars.push_back({"create and destroy 100000", "by 1000", Measure::Ratio, 1.5});
+    bars.push_back({"everything 10000", "at 1000", Measure::Ratio, 1.3});
+    bars.push_back({"create and destroy 100000", "at 1000", Measure::Ratio, 1.5});
     return bars;
 }
 
@@ -90,20 +90,20 @@ std::string number(double nanoseconds)
 
 std::string tableOf(const std::vector<Result>& results)
 {
-    std::string table = fmt::format("{:<32}", "nanoseconds a frame");
+    std::string table = fmt::format("{:<29}", "nanoseconds a frame");
     for (const char* column : kColumns) {
-        table += fmt::format("{:>17}", column);
+        table += fmt::format("{:>10}", column);
     }
     std::string agreements;
     for (const Result& result : results) {
-        table += fmt::format("\n{:<32}", result.name);
+        table += fmt::format("\n{:<29}", result.name);
         for (const char* column : kColumns) {
             const Figure* figure = find(results, result.name, column);
-            table += fmt::format("{:>17}", figure == nullptr ? "" : number(figure->nanoseconds));
+            table += fmt::format("{:>10}", figure == nullptr ? "" : number(figure->nanoseconds));
         }
         for (const Figure& figure : result.figures) {
             if (figure.agreement < 1.0) {
-                agreements += fmt::format("\n{:<32}{}: {:.2f}%", result.name, figure.contestant,
+                agreements += fmt::format("\n{:<29}{}: {:.2f}%", result.name, figure.contestant,
                                           100.0 * figure.agreement);
             }
         }
@@ -114,7 +114,7 @@ std::string tableOf(const std::vector<Result>& results)
 
 std::string barsOf(const std::vector<Result>& results)
 {
-    std::string text = fmt::format("{:<32}{:<32}{:>10}{:>10}\n", "bar", "", "at most", "is");
+    std::string text = fmt::format("{:<29}{:<32}{:>9}{:>9}\n", "bar", "", "at most", "is");
     for (const Bar& bar : allBars()) {
         const Figure* figure = find(results, bar.job, bar.other);
         if (figure == nullptr) {
@@ -126,7 +126,7 @@ std::string barsOf(const std::vector<Result>& results)
         const std::string what = bar.measure == Measure::Ratio       ? "times " + bar.other
                                  : bar.measure == Measure::LessEmpty ? "less the empty, times " + bar.other
                                                                      : "nanoseconds";
-        text += fmt::format("{:<32}{:<32}{:>10.2f}{:>10.2f}{}\n", bar.job, what, bar.atMost, is,
+        text += fmt::format("{:<29}{:<32}{:>9.2f}{:>9.2f}{}\n", bar.job, what, bar.atMost, is,
                             is > bar.atMost ? "  missed" : "");
     }
     return text;

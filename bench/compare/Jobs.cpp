@@ -47,7 +47,7 @@ Job searchJob(const Libraries& libraries, std::string name, Kind kind, Scene mad
         job.contestants.push_back(libraryFrames("scan", libraries.scan, kind, scene));
         job.contestants.push_back(embreeQueries("Embree", kind, scene, false));
         if (scene->movesEvery != 0) {
-            job.contestants.push_back(embreeQueries("Embree, rebuilt", kind, scene, true));
+            job.contestants.push_back(embreeQueries("rebuilt", kind, scene, true));
         }
         job.contestants.push_back(bulletQueries(kind, scene));
         job.contestants.push_back(libraryFrames("empty", libraries.empty, kind, nothing));
@@ -92,7 +92,7 @@ Job creationJob(const Libraries& libraries, std::size_t count)
         return made;
     };
     job.contestants.push_back(repeated("velk", libraries.velk, count));
-    job.contestants.push_back(repeated("by 1000", libraries.velk, 1000));
+    job.contestants.push_back(repeated("at 1000", libraries.velk, 1000));
     if (libraries.old && count <= kMostForOld) {
         job.contestants.push_back(repeated("old", *libraries.old, count));
     }
@@ -248,7 +248,7 @@ std::vector<Plan> allPlans(const Libraries& libraries, int largest)
                                  job.contestants.push_back(everything(who, library, count));
                              });
                              if (count != 1000) {
-                                 job.contestants.push_back(everything("by 1000", libraries.small, 1000));
+                                 job.contestants.push_back(everything("at 1000", libraries.small, 1000));
                              }
                              return job;
                          }});
@@ -293,7 +293,7 @@ Result worstUpdate(const Libraries& libraries, int count, int runs)
     const double worst = *std::max_element(least.begin(), least.end());
     const double middle = median(least);
     return {fmt::format("worst update {}", count),
-            {{"velk", worst, 1.0, 1.0, 1.0}, {"its median", middle, worst / middle, worst / middle, 1.0}}};
+            {{"velk", worst, 1.0, 1.0, 1.0}, {"median", middle, worst / middle, worst / middle, 1.0}}};
 }
 
 } // namespace velk::compare
