@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <sstream>
 
 namespace velk_fuzz
 {
@@ -52,7 +53,7 @@ void readText(char form, const std::string& text)
     if (form == 's' || form == 'h') {
         Recording recording;
         Frame& frame = recording.frames.emplace_back();
-        frame.hands[0].emplace();
+        frame.hands[0] = std::make_unique<const HandSample>();
         if (form == 's') {
             frame.devices[0] = kIdentity;
         }
@@ -61,9 +62,11 @@ void readText(char form, const std::string& text)
     }
     // The events of triggers stand after a NUL.
     const std::size_t end = std::min(text.find('\0'), text.size());
-    Recording recording = parseRecording("recording.csv", text.substr(0, end));
+    std::istringstream rows(text.substr(0, end));
+    Recording recording = parseRecording("recording.csv", rows);
     if (end < text.size()) {
-        addTriggers(recording, "events.csv", text.substr(end + 1));
+        std::istringstream events(text.substr(end + 1));
+        addTriggers(recording, "events.csv", events);
     }
     checkRecording(recording);
 }

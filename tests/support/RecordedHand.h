@@ -23,7 +23,8 @@ struct RecordedHand
 /// The rows of one hand, "left" or "right", in a file below data/.
 inline std::vector<RecordedHand> readRecording(const std::string& file, const std::string& hand)
 {
-    const velk_tools::CsvTable table(file, velk_tools::readTextFile(VELK_DATA_DIR "/" + file));
+    std::ifstream text = velk_tools::openToRead(VELK_DATA_DIR "/" + file);
+    velk_tools::CsvReader table(file, text);
     std::vector<velk_tools::PoseColumns> columns;
     for (const std::string& column : table.columns()) {
         if (column.ends_with("_px")) {
@@ -31,11 +32,11 @@ inline std::vector<RecordedHand> readRecording(const std::string& file, const st
         }
     }
     std::vector<RecordedHand> rows;
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
-        if (table.text(row, table.column("hand")) == hand) {
-            RecordedHand& read = rows.emplace_back(RecordedHand{std::string(table.text(row, 0)), {}});
+    while (table.next()) {
+        if (table.text(table.column("hand")) == hand) {
+            RecordedHand& read = rows.emplace_back(RecordedHand{std::string(table.text(0)), {}});
             for (const velk_tools::PoseColumns& pose : columns) {
-                const auto [q, p] = pose.read(table, row);
+                const auto [q, p] = pose.read(table);
                 read.poses.push_back({{q.x, q.y, q.z, q.w}, {p.x, p.y, p.z}});
             }
         }

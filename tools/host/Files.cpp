@@ -27,7 +27,7 @@ namespace
 
 } // namespace
 
-std::string readTextFile(const std::string& path)
+std::ifstream openToRead(const std::string& path)
 {
     std::error_code ignored; // What can't be looked at can't be opened either, which gives the reason.
     if (std::filesystem::is_directory(path, ignored)) {
@@ -38,11 +38,22 @@ std::string readTextFile(const std::string& path)
     if (!file) {
         fail(path, "read");
     }
+    return file;
+}
+
+std::string readTextFile(const std::string& path)
+{
+    std::ifstream file = openToRead(path);
     std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (text.starts_with("\xEF\xBB\xBF")) { // a byte order mark
+    dropByteOrderMark(text);
+    return text;
+}
+
+void dropByteOrderMark(std::string& text)
+{
+    if (text.starts_with("\xEF\xBB\xBF")) {
         text.erase(0, 3);
     }
-    return text;
 }
 
 bool isSameFile(const std::string& a, const std::string& b)

@@ -10,8 +10,12 @@
 namespace velk_tools
 {
 
-/// The whole of a file. Throws InputError when it can't be read.
+/// Throws InputError when the file can't be opened.
+std::ifstream openToRead(const std::string& path);
+/// The whole of a file, without a byte order mark.
 std::string readTextFile(const std::string& path);
+/// Takes the mark away with which some programs begin a text in UTF-8.
+void dropByteOrderMark(std::string& text);
 
 /// Whether two paths, of files that need not exist, lead to one place.
 bool isSameFile(const std::string& a, const std::string& b);

@@ -28,7 +28,7 @@ public:
     {
         const std::string path = VELK_DATA_DIR "/motion/joints24/" + file;
         for (const velk_tools::Frame& frame : velk_tools::loadRecording(path, "").frames) {
-            if (const auto& hand = frame.hand(velk_tools::Side::Right)) {
+            if (const auto* hand = frame.hand(velk_tools::Side::Right)) {
                 rows_.push_back(makeRow(*hand));
             }
         }

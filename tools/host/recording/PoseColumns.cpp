@@ -17,7 +17,7 @@ constexpr float kLengthTolerance = 0.01f;
 
 } // namespace
 
-PoseColumns::PoseColumns(const CsvTable& table, std::string_view prefix)
+PoseColumns::PoseColumns(const CsvReader& table, std::string_view prefix)
     : prefix_(prefix)
 {
     for (std::size_t i = 0; i < kPoseParts.size(); ++i) {
@@ -25,16 +25,15 @@ PoseColumns::PoseColumns(const CsvTable& table, std::string_view prefix)
     }
 }
 
-Pose PoseColumns::read(const CsvTable& table, std::size_t row) const
+Pose PoseColumns::read(const CsvReader& table) const
 {
     std::array<float, 7> n{};
     for (std::size_t i = 0; i < n.size(); ++i) {
-        n[i] = static_cast<float>(table.number(row, columns_[i]));
+        n[i] = static_cast<float>(table.number(columns_[i]));
     }
     const Quat rotation{n[3], n[4], n[5], n[6]};
     if (!(std::abs(length(rotation) - 1) < kLengthTolerance)) {
-        table.fail(row,
-                   fmt::format("the rotation in '{}_qx' to '{}_qw' is not of unit length", prefix_, prefix_));
+        table.fail(fmt::format("the rotation in '{}_qx' to '{}_qw' is not of unit length", prefix_, prefix_));
     }
     return {normalized(rotation), {n[0], n[1], n[2]}};
 }

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "host/Geometry.h"
-#include "host/recording/CsvTable.h"
+#include "host/recording/CsvReader.h"
 
 namespace velk_tools
 {
@@ -17,13 +17,10 @@ namespace velk_tools
 class PoseColumns
 {
 public:
-    PoseColumns(const CsvTable& table, std::string_view prefix);
+    PoseColumns(const CsvReader& table, std::string_view prefix);
 
-    bool isEmpty(const CsvTable& table, std::size_t row) const
-    {
-        return table.text(row, columns_[0]).empty();
-    }
-    Pose read(const CsvTable& table, std::size_t row) const;
+    bool isEmpty(const CsvReader& table) const { return table.text(columns_[0]).empty(); }
+    Pose read(const CsvReader& table) const;
 
 private:
     std::string prefix_;

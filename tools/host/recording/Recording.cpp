@@ -11,7 +11,7 @@ namespace velk_tools
 bool Recording::hasHand(Side side) const
 {
     return std::any_of(frames.begin(), frames.end(),
-                       [side](const Frame& frame) { return frame.hand(side).has_value(); });
+                       [side](const Frame& frame) { return frame.hand(side) != nullptr; });
 }
 
 bool Recording::hasDevices() const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,12 +35,13 @@ struct TriggerEvent
 /// All that was recorded for one moment. What is empty was not tracked, or not recorded at all.
 struct Frame
 {
-    double time = 0; ///< Seconds from the recording's start.
-    std::array<std::optional<HandSample>, 2> hands;
+    double time = 0;                                        ///< Seconds from the recording's start.
+    std::array<std::unique_ptr<const HandSample>, 2> hands; ///< Most recordings have one alone.
     std::array<std::optional<Pose>, 3> devices;
     std::vector<TriggerEvent> triggers; ///< Since the frame before, in their order.
 
-    const std::optional<HandSample>& hand(Side side) const { return hands[static_cast<std::size_t>(side)]; }
+    /// Null without the hand.
+    const HandSample* hand(Side side) const { return hands[static_cast<std::size_t>(side)].get(); }
     const std::optional<Pose>& device(Device device) const
     {
         return devices[static_cast<std::size_t>(device)];

@@ -20,7 +20,7 @@ namespace
 
 struct HandColumns
 {
-    explicit HandColumns(const CsvTable& table)
+    explicit HandColumns(const CsvReader& table)
         : hand(table.column("hand"))
         , handedness(table.column("handedness"))
         , root(table, "root")
@@ -36,30 +36,30 @@ struct HandColumns
     std::vector<PoseColumns> joints;
 };
 
-HandSample readHand(const CsvTable& table, std::size_t row, const HandColumns& columns)
+std::unique_ptr<const HandSample> readHand(const CsvReader& table, const HandColumns& columns)
 {
-    HandSample sample;
-    sample.root = columns.root.read(table, row);
+    auto sample = std::make_unique<HandSample>();
+    sample->root = columns.root.read(table);
     for (std::size_t i = 0; i < columns.joints.size(); ++i) {
-        sample.joints[i] = columns.joints[i].read(table, row);
+        sample->joints[i] = columns.joints[i].read(table);
     }
-    sample.handedness = table.number(row, columns.handedness) != 0 ? 1 : 0;
+    sample->handedness = table.number(columns.handedness) != 0 ? 1 : 0;
     return sample;
 }
 
 template <std::size_t N>
-std::size_t readName(const CsvTable& table, std::size_t row, std::size_t column,
-                     const std::array<std::string_view, N>& names, const char* wanted)
+std::size_t readName(const CsvReader& table, std::size_t column, const std::array<std::string_view, N>& names,
+                     const char* wanted)
 {
-    const auto index = indexOf(names, table.text(row, column));
+    const auto index = indexOf(names, table.text(column));
     if (!index) {
-        table.fail(row, fmt::format("expected {}", wanted));
+        table.fail(fmt::format("expected {}", wanted));
     }
     return *index;
 }
 
 /// The frame for a row: rows of the same time, one for each hand, share one.
-Frame& frameFor(const CsvTable& table, std::size_t row, double time, Recording& recording)
+Frame& frameFor(const CsvReader& table, double time, Recording& recording)
 {
     if (recording.frames.empty() || time > recording.frames.back().time) {
         Frame& frame = recording.frames.emplace_back();
@@ -67,27 +67,27 @@ Frame& frameFor(const CsvTable& table, std::size_t row, double time, Recording& 
         return frame;
     }
     if (time < recording.frames.back().time) {
-        table.fail(row, "the time goes back");
+        table.fail("the time goes back");
     }
     return recording.frames.back();
 }
 
-void readHands(const CsvTable& table, Recording& recording)
+void readHands(CsvReader& table, Recording& recording)
 {
     const std::size_t time = table.column("time");
     const HandColumns columns(table);
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
-        Frame& frame = frameFor(table, row, table.number(row, time), recording);
+    while (table.next()) {
+        Frame& frame = frameFor(table, table.number(time), recording);
         auto& hand =
-            frame.hands[readName(table, row, columns.hand, kSideNames, "'left' or 'right' in column 'hand'")];
+            frame.hands[readName(table, columns.hand, kSideNames, "'left' or 'right' in column 'hand'")];
         if (hand) {
-            table.fail(row, "a second row for this hand and time");
+            table.fail("a second row for this hand and time");
         }
-        hand = readHand(table, row, columns);
+        hand = readHand(table, columns);
     }
 }
 
-void readDevices(const CsvTable& table, Recording& recording)
+void readDevices(CsvReader& table, Recording& recording)
 {
     const std::size_t time = table.column("time");
     std::vector<PoseColumns> columns;
@@ -95,15 +95,15 @@ void readDevices(const CsvTable& table, Recording& recording)
     for (const std::string_view device : kDeviceNames) {
         columns.emplace_back(table, device);
     }
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+    while (table.next()) {
         const std::size_t before = recording.frames.size();
-        Frame& frame = frameFor(table, row, table.number(row, time), recording);
+        Frame& frame = frameFor(table, table.number(time), recording);
         if (recording.frames.size() == before) {
-            table.fail(row, "a second row for this time");
+            table.fail("a second row for this time");
         }
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (!columns[i].isEmpty(table, row)) {
-                frame.devices[i] = columns[i].read(table, row);
+            if (!columns[i].isEmpty(table)) {
+                frame.devices[i] = columns[i].read(table);
             }
         }
     }
@@ -119,9 +119,9 @@ std::string eventsBeside(const std::string& path)
     return std::filesystem::exists(events, ignored) ? events.string() : std::string();
 }
 
-Recording parseRecording(const std::string& name, std::string_view text)
+Recording parseRecording(const std::string& name, std::istream& text)
 {
-    const CsvTable table(name, text);
+    CsvReader table(name, text);
     Recording recording;
     recording.name = printable(std::filesystem::path(name).stem().string());
     if (table.hasColumn("root_px")) {
@@ -137,22 +137,22 @@ Recording parseRecording(const std::string& name, std::string_view text)
     return recording;
 }
 
-void addTriggers(Recording& recording, const std::string& name, std::string_view text)
+void addTriggers(Recording& recording, const std::string& name, std::istream& text)
 {
     constexpr std::array<std::string_view, 2> kEdges{"up", "down"};
-    const CsvTable table(name, text);
+    CsvReader table(name, text);
     const std::size_t timeColumn = table.column("time");
     const std::size_t device = table.column("device");
     const std::size_t button = table.column("button");
     const std::size_t edge = table.column("event");
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
-        const double time = table.number(row, timeColumn);
+    while (table.next()) {
+        const double time = table.number(timeColumn);
         const auto pressed = static_cast<Device>(
-            readName(table, row, device, kDeviceNames, "'head', 'left' or 'right' in column 'device'"));
-        const bool down = readName(table, row, edge, kEdges, "'down' or 'up' in column 'event'") == 1;
+            readName(table, device, kDeviceNames, "'head', 'left' or 'right' in column 'device'"));
+        const bool down = readName(table, edge, kEdges, "'down' or 'up' in column 'event'") == 1;
         const auto frame = std::lower_bound(recording.frames.begin(), recording.frames.end(), time,
                                             [](const Frame& f, double t) { return f.time < t; });
-        if (table.text(row, button) == "trigger" && frame != recording.frames.end()) {
+        if (table.text(button) == "trigger" && frame != recording.frames.end()) {
             frame->triggers.push_back({pressed, down});
         }
     }
@@ -160,11 +160,13 @@ void addTriggers(Recording& recording, const std::string& name, std::string_view
 
 Recording loadRecording(const std::string& path, const std::string& triggersPath)
 {
-    Recording recording = parseRecording(path, readTextFile(path));
+    std::ifstream file = openToRead(path);
+    Recording recording = parseRecording(path, file);
     const std::string events =
         triggersPath.empty() && recording.hasDevices() ? eventsBeside(path) : triggersPath;
     if (!events.empty()) {
-        addTriggers(recording, events, readTextFile(events));
+        std::ifstream eventsFile = openToRead(events);
+        addTriggers(recording, events, eventsFile);
     }
     return recording;
 }

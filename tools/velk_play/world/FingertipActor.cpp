@@ -51,9 +51,9 @@ bool FingertipActor::isInFront(const Scene& scene, const PokeTargets& targets) c
 
 void FingertipActor::follow(const Frame& frame, const Scene& scene, const PokeTargets& targets)
 {
-    const auto& hand = frame.hand(fingertip_.side);
+    const HandSample* hand = frame.hand(fingertip_.side);
     const bool wasTracked = tracked_;
-    tracked_ = hand.has_value();
+    tracked_ = hand != nullptr;
     if (wasTracked && (!tracked_ || frame.time - lastSeen_ > kLongestStep)) {
         letGo(scene, targets);
     }

@@ -25,9 +25,9 @@ HandActor::HandActor(const HandChain& chain, double rate, VelkInteractorHandle p
 
 void HandActor::update(const Frame& frame)
 {
-    const auto& hand = frame.hand(chain_.side);
-    view_.tracked = hand.has_value();
-    if (!hand) {
+    const HandSample* hand = frame.hand(chain_.side);
+    view_.tracked = hand != nullptr;
+    if (hand == nullptr) {
         return;
     }
     view_.raw.rootPose = hand->root;

@@ -53,8 +53,8 @@ std::optional<Pose> RayActor::pose(const Frame& frame) const
         return frame.device(*device);
     }
     const JointPair& pair = std::get<JointPair>(ray_.driver);
-    const auto& hand = frame.hand(pair.side);
-    if (!hand) {
+    const HandSample* hand = frame.hand(pair.side);
+    if (hand == nullptr) {
         return std::nullopt;
     }
     const Vec3 from = hand->joint(pair.from).position;

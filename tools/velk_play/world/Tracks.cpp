@@ -45,9 +45,9 @@ PinchActor::PinchActor(const GripTrack& track)
 
 void PinchActor::update(const Frame& frame)
 {
-    const auto& hand = frame.hand(track_.side);
-    view_.tracked = hand.has_value();
-    if (!hand) {
+    const HandSample* hand = frame.hand(track_.side);
+    view_.tracked = hand != nullptr;
+    if (hand == nullptr) {
         return;
     }
     velk_HandPinchData data;
@@ -69,9 +69,9 @@ PalmActor::PalmActor(const GripTrack& track)
 
 void PalmActor::update(const Frame& frame)
 {
-    const auto& hand = frame.hand(track_.side);
-    view_.tracked = hand.has_value();
-    if (!hand) {
+    const HandSample* hand = frame.hand(track_.side);
+    view_.tracked = hand != nullptr;
+    if (hand == nullptr) {
         return;
     }
     velk_HandPalmData data;
@@ -93,9 +93,9 @@ DirectionActor::DirectionActor(const DirectionTrack& track)
 
 void DirectionActor::update(const Frame& frame)
 {
-    const auto& hand = frame.hand(track_.pair.side);
-    view_.tracked = hand.has_value();
-    if (!hand) {
+    const HandSample* hand = frame.hand(track_.pair.side);
+    view_.tracked = hand != nullptr;
+    if (hand == nullptr) {
         return;
     }
     const Vec3 now = hand->joint(track_.pair.to).position - hand->joint(track_.pair.from).position;
