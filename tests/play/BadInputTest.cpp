@@ -61,6 +61,9 @@ TEST_F(BadInput, SceneComplaintsNameLineOrKey)
         {"{'fingertips': [" + kTip + ", " + kTip + "]}", ": fingertips[1].name: 'a' stands twice"},
         {"{'fingertips': [" + kTip + "], 'hands': [{'hand': 'left', 'limiter': 'a'}]}",
          ": hands[0].limiter: names no fingertip of this hand"},
+        {"{'fingertips': [{'name': 'index', 'hand': 'left', 'joint': 'IndexTip'}], "
+         "'hands': [{'hand': 'left', 'limiter': 'indx'}]}",
+         ": hands[0].limiter: names no fingertip of this hand; did you mean index?"},
         {"{'palms': [{'hand': 'right'}, {'hand': 'right'}]}", ": palms: has one entry for each hand at most"},
         {"{'rays': [{'name': 'a', 'length': 1e99, " + kJointRay + "}]}",
          ": rays[0].length: expected a number"},

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <list>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -66,20 +67,21 @@ void run(const Options& options)
     const Recording recording = loadRecording(options.recording, options.triggers);
     checkScene(scene, recording);
 
+    std::list<OutputFile> files;
     std::vector<std::unique_ptr<Observer>> outputs;
     outputs.push_back(std::make_unique<TransitionPrinter>(options.quiet));
     if (!options.events.empty()) {
-        outputs.push_back(std::make_unique<EventWriter>(options.events));
+        outputs.push_back(std::make_unique<EventWriter>(files.emplace_back(options.events)));
     }
     if (!options.frames.empty()) {
-        outputs.push_back(std::make_unique<FrameWriter>(options.frames));
+        outputs.push_back(std::make_unique<FrameWriter>(files.emplace_back(options.frames)));
     }
     if (!options.report.empty()) {
-        outputs.push_back(std::make_unique<ReportWriter>(options.report));
+        outputs.push_back(std::make_unique<ReportWriter>(files.emplace_back(options.report)));
     }
-
     if (traces) {
-        outputs.push_back(std::make_unique<TraceWriter>(options.trace, options.traceStep));
+        outputs.push_back(
+            std::make_unique<TraceWriter>(files.emplace_back(options.trace), options.traceStep));
     }
 
     std::vector<Observer*> observers;
@@ -88,6 +90,13 @@ void run(const Options& options)
         observers.push_back(output.get());
     }
     play(scene, recording, observers, paceOf(options));
+
+    for (OutputFile& file : files) {
+        file.close();
+    }
+    for (OutputFile& file : files) { // now that all are complete
+        file.keep();
+    }
 }
 
 int guardedMain(int argc, char** argv, Options& options)

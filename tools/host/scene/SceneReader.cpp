@@ -12,6 +12,7 @@
 #include "host/Files.h"
 #include "host/InputError.h"
 #include "host/scene/JsonObject.h"
+#include "host/scene/Suggestion.h"
 
 namespace velk_tools
 {
@@ -157,16 +158,6 @@ Fingertip readFingertip(JsonObject& object)
     return {object.text("name"), readSide(object, "hand"), object.choice("joint", kJointNames)};
 }
 
-std::optional<std::size_t> findFingertip(const Scene& scene, const std::string& name, Side side)
-{
-    for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
-        if (scene.fingertips[i].name == name && scene.fingertips[i].side == side) {
-            return i;
-        }
-    }
-    return std::nullopt;
-}
-
 HandChain readHand(JsonObject& object, const Scene& scene)
 {
     HandChain hand;
@@ -183,9 +174,16 @@ HandChain readHand(JsonObject& object, const Scene& scene)
         filter.done();
     }
     if (object.has("limiter")) {
-        hand.limiter = findFingertip(scene, object.text("limiter"), hand.side);
+        const std::string name = object.text("limiter");
+        std::vector<std::string_view> names;
+        for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
+            if (scene.fingertips[i].side == hand.side) {
+                names.push_back(scene.fingertips[i].name);
+                hand.limiter = names.back() == name ? i : hand.limiter;
+            }
+        }
         if (!hand.limiter) {
-            object.fail("limiter", "names no fingertip of this hand");
+            object.fail("limiter", "names no fingertip of this hand" + suggestion(name, names));
         }
     }
     return hand;

@@ -8,8 +8,8 @@
 namespace velk_tools
 {
 
-EventWriter::EventWriter(const std::string& path)
-    : file_(path)
+EventWriter::EventWriter(OutputFile& file)
+    : file_(file)
 {
 }
 
@@ -25,13 +25,8 @@ void EventWriter::frame(const Observation&, const std::vector<Transition>& chang
                                              {"target", change.target.empty()
                                                             ? nlohmann::ordered_json()
                                                             : nlohmann::ordered_json(change.target)}};
-        file_.out() << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        file_.print("{}\n", line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
     }
-}
-
-void EventWriter::end(const Summary&)
-{
-    file_.finish();
 }
 
 } // namespace velk_tools

@@ -15,14 +15,12 @@ namespace velk_tools
 class EventWriter : public Observer
 {
 public:
-    explicit EventWriter(const std::string& path);
+    explicit EventWriter(OutputFile& file);
 
-    void begin(const Scene&, const Recording&) override {}
     void frame(const Observation& seen, const std::vector<Transition>& changes) override;
-    void end(const Summary& summary) override;
 
 private:
-    OutputFile file_;
+    OutputFile& file_;
 };
 
 } // namespace velk_tools

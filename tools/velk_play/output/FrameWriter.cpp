@@ -28,6 +28,13 @@ public:
             fmt::format("{}{}{}{}", line_.empty() ? "" : ",", quoted ? "\"" : "", cell, quoted ? "\"" : "");
     }
 
+    /// A name that a spreadsheet would take for a formula is marked as text.
+    void addName(const std::string& name)
+    {
+        const bool isFormula = !name.empty() && std::string_view("=+-@").find(name[0]) != std::string::npos;
+        add(isFormula ? "'" + name : name);
+    }
+
     void add(float value) { add(fmt::format("{}", value)); }
 
     /// Three cells, left empty unless known.
@@ -72,8 +79,8 @@ void addGrips(Row& row, const std::vector<GripTrack>& tracks, const std::vector<
 
 } // namespace
 
-FrameWriter::FrameWriter(const std::string& path)
-    : file_(path)
+FrameWriter::FrameWriter(OutputFile& file)
+    : file_(file)
 {
 }
 
@@ -110,7 +117,7 @@ void FrameWriter::writeHeader()
     for (const DirectionTrack& track : scene_.directions) {
         row.names("direction " + track.name, {"angle", "alignment", "active"});
     }
-    file_.out() << row.line() << '\n';
+    file_.print("{}\n", row.line());
 }
 
 void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
@@ -121,13 +128,13 @@ void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
     row.add(fmt::format("{:.1f}", seen.microseconds));
     for (const RayView& ray : seen.rays) {
         row.add(nameOf(stateOf(ray.state)));
-        row.add(scene_.rayTarget(ray.target));
+        row.addName(scene_.rayTarget(ray.target));
         row.add(ray.origin, ray.tracked);
         row.add(ray.end, ray.tracked);
     }
     for (const FingertipView& tip : seen.fingertips) {
         row.add(nameOf(stateOf(tip.state)));
-        row.add(scene_.patchName(tip.target));
+        row.addName(scene_.patchName(tip.target));
         row.add(tip.tip, tip.tracked);
         row.add(tip.touch.value_or(Vec3{}), tip.touch.has_value());
     }
@@ -147,12 +154,7 @@ void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
         row.add(alignmentName(direction.alignment));
         row.add(direction.active ? "1" : "0");
     }
-    file_.out() << row.line() << '\n';
-}
-
-void FrameWriter::end(const Summary&)
-{
-    file_.finish();
+    file_.print("{}\n", row.line());
 }
 
 } // namespace velk_tools

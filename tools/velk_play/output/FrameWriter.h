@@ -15,16 +15,15 @@ namespace velk_tools
 class FrameWriter : public Observer
 {
 public:
-    explicit FrameWriter(const std::string& path);
+    explicit FrameWriter(OutputFile& file);
 
     void begin(const Scene& scene, const Recording& recording) override;
     void frame(const Observation& seen, const std::vector<Transition>& changes) override;
-    void end(const Summary& summary) override;
 
 private:
     void writeHeader();
 
-    OutputFile file_;
+    OutputFile& file_;
     Scene scene_;
 };
 

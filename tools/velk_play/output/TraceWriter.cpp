@@ -61,17 +61,16 @@ const char* gripState(const GripView& grip, std::size_t finger)
 
 } // namespace
 
-TraceWriter::TraceWriter(const std::string& path, std::size_t step)
+TraceWriter::TraceWriter(OutputFile& file, std::size_t step)
     : step_(step)
-    , file_(path)
+    , file_(file)
 {
 }
 
 void TraceWriter::begin(const Scene& scene, const Recording& recording)
 {
     scene_ = scene;
-    file_.out() << fmt::format("{}, recording {}, {} frames\n", scene.title, recording.name,
-                               recording.frames.size());
+    file_.print("{}, recording {}, {} frames\n", scene.title, recording.name, recording.frames.size());
 }
 
 void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& changes)
@@ -79,7 +78,7 @@ void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& 
     if (seen.frame % step_ != 0 && changes.empty()) {
         return;
     }
-    file_.out() << fmt::format("\nframe {} at {} s\n", seen.frame, seen.time);
+    file_.print("\nframe {} at {} s\n", seen.frame, seen.time);
     writeRays(seen);
     writePokes(seen);
     for (std::size_t i = 0; i < seen.hands.size() && seen.frame % step_ == 0; ++i) {
@@ -93,14 +92,13 @@ void TraceWriter::frame(const Observation& seen, const std::vector<Transition>& 
 void TraceWriter::writeRays(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.rayTargets.size(); ++i) {
-        file_.out() << fmt::format("target '{}' {}\n", scene_.rayTarget(static_cast<int>(i)),
-                                   nameOf(stateOf(seen.rayTargets[i])));
+        file_.print("target '{}' {}\n", scene_.rayTarget(static_cast<int>(i)),
+                    nameOf(stateOf(seen.rayTargets[i])));
     }
     for (std::size_t i = 0; i < seen.rays.size(); ++i) {
         const RayView& ray = seen.rays[i];
-        file_.out() << fmt::format(
-            "ray '{}' {} {} origin {} end {}\n", scene_.rays[i].name, nameOf(stateOf(ray.state)),
-            target(scene_.rayTarget(ray.target), ray.handle), text(ray.origin), text(ray.end));
+        file_.print("ray '{}' {} {} origin {} end {}\n", scene_.rays[i].name, nameOf(stateOf(ray.state)),
+                    target(scene_.rayTarget(ray.target), ray.handle), text(ray.origin), text(ray.end));
     }
 }
 
@@ -108,21 +106,20 @@ void TraceWriter::writePokes(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.patches.size(); ++i) {
         const PatchView& patch = seen.patches[i];
-        file_.out() << fmt::format("patch '{}' {}", scene_.patches[i].name, nameOf(stateOf(patch.state)));
+        file_.print("patch '{}' {}", scene_.patches[i].name, nameOf(stateOf(patch.state)));
         if (patch.cap) {
-            file_.out() << fmt::format(" extent {} cap {}", text(patch.extent), text(*patch.cap));
+            file_.print(" extent {} cap {}", text(patch.extent), text(*patch.cap));
         }
-        file_.out() << '\n';
+        file_.write("\n");
     }
     for (std::size_t i = 0; i < seen.fingertips.size(); ++i) {
         const FingertipView& tip = seen.fingertips[i];
-        file_.out() << fmt::format("fingertip '{}' {} {}", scene_.fingertips[i].name,
-                                   nameOf(stateOf(tip.state)),
-                                   target(scene_.patchName(tip.target), tip.handle));
+        file_.print("fingertip '{}' {} {}", scene_.fingertips[i].name, nameOf(stateOf(tip.state)),
+                    target(scene_.patchName(tip.target), tip.handle));
         if (tip.touch) {
-            file_.out() << " touch " << text(*tip.touch);
+            file_.print(" touch {}", text(*tip.touch));
         }
-        file_.out() << '\n';
+        file_.write("\n");
     }
 }
 
@@ -130,18 +127,18 @@ void TraceWriter::writeHand(const HandChain& chain, const HandView& hand)
 {
     const std::string_view side = nameOf(chain.side);
     if (!hand.tracked) {
-        file_.out() << fmt::format("hand {} not tracked\n", side);
+        file_.print("hand {} not tracked\n", side);
         return;
     }
-    file_.out() << fmt::format("hand {} shown {}\n", side, text(hand.shown.rootPose));
-    file_.out() << fmt::format("hand {} filtered {}\n", side, text(hand.filtered.rootPose));
+    file_.print("hand {} shown {}\n", side, text(hand.shown.rootPose));
+    file_.print("hand {} filtered {}\n", side, text(hand.filtered.rootPose));
     for (std::size_t i = 0; i < kJointNames.size(); ++i) {
         const Quat& filtered = hand.filtered.joints[i];
-        file_.out() << fmt::format("  {} {}", kJointNames[i], text(filtered));
+        file_.print("  {} {}", kJointNames[i], text(filtered));
         if (bitsOf(filtered) != bitsOf(hand.shown.joints[i])) {
-            file_.out() << " shown " << text(hand.shown.joints[i]);
+            file_.print(" shown {}", text(hand.shown.joints[i]));
         }
-        file_.out() << '\n';
+        file_.write("\n");
     }
 }
 
@@ -151,15 +148,15 @@ void TraceWriter::writeGrips(Kind kind, const std::vector<GripTrack>& tracks,
     for (std::size_t i = 0; i < grips.size(); ++i) {
         const std::string who = fmt::format("{} {}", nameOf(kind), nameOf(tracks[i].side));
         if (!grips[i].tracked) {
-            file_.out() << who << " not tracked\n";
+            file_.print("{} not tracked\n", who);
             continue;
         }
-        file_.out() << fmt::format("{} center {}", who, text(grips[i].center));
+        file_.print("{} center {}", who, text(grips[i].center));
         for (std::size_t finger = 0; finger < kFingerNames.size(); ++finger) {
-            file_.out() << fmt::format(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
-                                       text(grips[i].scores[finger]));
+            file_.print(", {} {} {}", kFingerNames[finger], gripState(grips[i], finger),
+                        text(grips[i].scores[finger]));
         }
-        file_.out() << '\n';
+        file_.write("\n");
     }
 }
 
@@ -167,15 +164,9 @@ void TraceWriter::writeDirections(const Observation& seen)
 {
     for (std::size_t i = 0; i < seen.directions.size(); ++i) {
         const DirectionView& direction = seen.directions[i];
-        file_.out() << fmt::format("direction '{}' {} {}\n", scene_.directions[i].name,
-                                   alignmentName(direction.alignment),
-                                   direction.active ? "active" : "inactive");
+        file_.print("direction '{}' {} {}\n", scene_.directions[i].name, alignmentName(direction.alignment),
+                    direction.active ? "active" : "inactive");
     }
-}
-
-void TraceWriter::end(const Summary&)
-{
-    file_.finish();
 }
 
 } // namespace velk_tools

@@ -18,11 +18,10 @@ class TraceWriter : public Observer
 {
 public:
     /// Writes every step-th frame and, but for the long records of hands, those in which something changes.
-    TraceWriter(const std::string& path, std::size_t step);
+    TraceWriter(OutputFile& file, std::size_t step);
 
     void begin(const Scene& scene, const Recording& recording) override;
     void frame(const Observation& seen, const std::vector<Transition>& changes) override;
-    void end(const Summary& summary) override;
 
 private:
     void writeRays(const Observation& seen);
@@ -32,7 +31,7 @@ private:
     void writeDirections(const Observation& seen);
 
     std::size_t step_;
-    OutputFile file_;
+    OutputFile& file_;
     Scene scene_;
 };
 

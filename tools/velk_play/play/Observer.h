@@ -47,10 +47,10 @@ class Observer
 public:
     virtual ~Observer() = default;
 
-    virtual void begin(const Scene& scene, const Recording& recording) = 0;
+    virtual void begin(const Scene& /*scene*/, const Recording& /*recording*/) {}
     /// Called once a frame, with what changed in it.
     virtual void frame(const Observation& seen, const std::vector<Transition>& changes) = 0;
-    virtual void end(const Summary& summary) = 0;
+    virtual void end(const Summary& /*summary*/) {}
 };
 
 } // namespace velk_tools

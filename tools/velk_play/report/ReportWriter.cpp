@@ -9,8 +9,8 @@
 namespace velk_tools
 {
 
-ReportWriter::ReportWriter(const std::string& path)
-    : file_(path)
+ReportWriter::ReportWriter(OutputFile& file)
+    : file_(file)
 {
 }
 
@@ -31,8 +31,7 @@ void ReportWriter::end(const Summary& summary)
     data_.summary = summary;
     const std::string body = summarySection(data_) + timelineSection(data_) + sceneSection(data_) +
                              fingertipSection(data_) + handSection(data_) + trackSection(data_);
-    file_.out() << page(data_.scene.title.empty() ? data_.recording : data_.scene.title, body);
-    file_.finish();
+    file_.write(page(data_.scene.title.empty() ? data_.recording : data_.scene.title, body));
 }
 
 } // namespace velk_tools

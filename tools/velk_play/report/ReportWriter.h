@@ -16,14 +16,14 @@ namespace velk_tools
 class ReportWriter : public Observer
 {
 public:
-    explicit ReportWriter(const std::string& path);
+    explicit ReportWriter(OutputFile& file);
 
     void begin(const Scene& scene, const Recording& recording) override;
     void frame(const Observation& seen, const std::vector<Transition>& changes) override;
     void end(const Summary& summary) override;
 
 private:
-    OutputFile file_;
+    OutputFile& file_;
     ReportData data_;
 };
 
