@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scenes.h"
 
+#include "host/Files.h"
+#include "host/recording/PoseColumns.h"
 #include "tests/support/RecordedHand.h"
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <random>
 
 namespace velk::compare
@@ -186,15 +189,16 @@ Scene keyboard()
 Scene controllers()
 {
     const std::string file = "controllers/draw.csv";
-    const velk_tools::CsvTable table(file, velk_tools::readTextFile(VELK_DATA_DIR "/" + file));
     Scene scene{{}, panelSize(300), 0, {}, {}};
     Vector3f middle;
     for (const char* side : {"left", "right"}) {
+        std::ifstream in = velk_tools::openToRead(VELK_DATA_DIR "/" + file);
+        velk_tools::CsvReader table(file, in);
         const velk_tools::PoseColumns columns(table, side);
         Path path;
-        for (std::size_t row = 0; row < table.rowCount(); ++row) {
-            if (!columns.isEmpty(table, row)) {
-                const auto [q, p] = columns.read(table, row);
+        while (table.next()) {
+            if (!columns.isEmpty(table)) {
+                const auto [q, p] = columns.read(table);
                 path.push_back({{q.x, q.y, q.z, q.w}, {p.x, p.y, p.z}});
             }
         }

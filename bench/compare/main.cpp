@@ -87,8 +87,9 @@ int run(const Options& options)
     fmt::print("{}\n{}", tableOf(results), barsOf(results));
     if (!options.write.empty()) {
         velk_tools::OutputFile file(options.write);
-        file.out() << linesOf(results);
-        file.finish();
+        file.write(linesOf(results));
+        file.close();
+        file.keep();
     }
     for (const std::string& line : slow) {
         fmt::print("slower: {}\n", line);
