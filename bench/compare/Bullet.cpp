@@ -44,6 +44,7 @@ public:
         : kind_(kind)
         , scene_(std::move(scene))
         , dispatcher_(&configuration_)
+        , broadphase_(&noPairs_)
         , world_(&dispatcher_, &broadphase_, &configuration_)
         , box_(btVector3(scene_->half.x, scene_->half.y, 0.0f))
         , sphere_(kPokeRadius)
@@ -106,6 +107,7 @@ private:
     SharedScene scene_;
     btDefaultCollisionConfiguration configuration_;
     btCollisionDispatcher dispatcher_;
+    btNullPairCache noPairs_; // of boxes that touch each other
     btDbvtBroadphase broadphase_;
     btCollisionWorld world_;
     btBoxShape box_;

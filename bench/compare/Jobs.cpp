@@ -105,7 +105,7 @@ auto filterFrame(const Library& library)
     const auto source = library.DataSource_Create(VelkDataSourceType_External);
     const auto filter = library.DataModifier_Create(VelkDataModifierType_OneEuroHandFilter, source);
     return [&library, source, filter,
-            hands = std::make_shared<const std::vector<velk_HandData>>(recordedHand())](int frame) {
+            hands = std::make_shared<const std::vector<velk_HandData>>(recordedHands().records)](int frame) {
         velk_HandData filtered;
         library.ExternalHandSource_SetData(source,
                                            &(*hands)[static_cast<std::size_t>(frame) % hands->size()]);
@@ -132,14 +132,14 @@ auto pinchFrame(const Library& library)
 {
     return grabFrame(library.FingerPinchGrabAPI_Create(), library.FingerPinchGrabAPI_UpdateHandData,
                      library.FingerPinchGrabAPI_GetFingerIsGrabbing,
-                     library.FingerPinchGrabAPI_GetFingerGrabScore, recordedPinch());
+                     library.FingerPinchGrabAPI_GetFingerGrabScore, recordedHands().pinches);
 }
 
 auto palmFrame(const Library& library)
 {
     return grabFrame(library.FingerPalmGrabAPI_Create(), library.FingerPalmGrabAPI_UpdateHandData,
                      library.FingerPalmGrabAPI_GetFingerIsGrabbing,
-                     library.FingerPalmGrabAPI_GetFingerGrabScore, recordedPalm());
+                     library.FingerPalmGrabAPI_GetFingerGrabScore, recordedHands().palms);
 }
 
 template <typename MakeFrame>

@@ -51,18 +51,15 @@ public:
     VELK_CALL(PokeInteractor_Create);
     VELK_CALL(PokeInteractor_SetPointTransform);
     VELK_CALL(DataSource_Create);
-    VELK_CALL(DataSource_Destroy);
     VELK_CALL(DataSource_Update);
     VELK_CALL(DataSource_GetData);
     VELK_CALL(ExternalHandSource_SetData);
     VELK_CALL(DataModifier_Create);
     VELK_CALL(FingerPinchGrabAPI_Create);
-    VELK_CALL(FingerPinchGrabAPI_Destroy);
     VELK_CALL(FingerPinchGrabAPI_UpdateHandData);
     VELK_CALL(FingerPinchGrabAPI_GetFingerIsGrabbing);
     VELK_CALL(FingerPinchGrabAPI_GetFingerGrabScore);
     VELK_CALL(FingerPalmGrabAPI_Create);
-    VELK_CALL(FingerPalmGrabAPI_Destroy);
     VELK_CALL(FingerPalmGrabAPI_UpdateHandData);
     VELK_CALL(FingerPalmGrabAPI_GetFingerIsGrabbing);
     VELK_CALL(FingerPalmGrabAPI_GetFingerGrabScore);

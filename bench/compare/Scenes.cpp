@@ -247,43 +247,22 @@ Scene heldBoard()
     return scene;
 }
 
-std::vector<velk_HandData> recordedHand()
+Hands recordedHands()
 {
-    std::vector<velk_HandData> records;
-    for (const tests::RecordedHand& row : handRows("pinch_57hz", "right")) {
-        velk_HandData& record = records.emplace_back();
-        record.rootPose = toC(row.poses[0]);
-        for (std::size_t i = 0; i < VELK_HAND_JOINT_COUNT; ++i) {
-            record.joints[i] = toC(row.poses[1 + i]).orientation;
-        }
-    }
-    return records;
-}
-
-std::vector<velk_HandPinchData> recordedPinch()
-{
-    std::vector<velk_HandPinchData> records;
-    for (const tests::RecordedHand& row : handRows("pinch_57hz", "right")) {
-        velk_HandPinchData& record = records.emplace_back();
-        for (std::size_t i = 0; i < VELK_HAND_JOINT_COUNT; ++i) {
-            record.jointPositions[i] = toC(row.poses[1 + i]).position;
-        }
-    }
-    return records;
-}
-
-std::vector<velk_HandPalmData> recordedPalm()
-{
-    std::vector<velk_HandPalmData> records;
+    Hands hands;
     for (const tests::RecordedHand& row : handRows("grab_115hz", "right")) {
-        velk_HandPalmData& record = records.emplace_back();
-        record.rootPose = toC(row.poses[0]);
-        record.handedness = 1;
+        velk_HandData& record = hands.records.emplace_back();
+        velk_HandPinchData& pinch = hands.pinches.emplace_back();
+        velk_HandPalmData& palm = hands.palms.emplace_back();
+        record.rootPose = palm.rootPose = toC(row.poses[0]);
+        palm.handedness = 1;
         for (std::size_t i = 0; i < VELK_HAND_JOINT_COUNT; ++i) {
-            record.jointPoses[i] = toC(row.poses[1 + i]);
+            palm.jointPoses[i] = toC(row.poses[1 + i]);
+            record.joints[i] = palm.jointPoses[i].orientation;
+            pinch.jointPositions[i] = palm.jointPoses[i].position;
         }
     }
-    return records;
+    return hands;
 }
 
 } // namespace velk::compare

@@ -59,9 +59,13 @@ Scene controllers();
 /// 40 keys on a board that the recorded left hand moves under the fingertips of the right one.
 Scene heldBoard();
 
-/// A recorded hand, frame by frame.
-std::vector<velk_HandData> recordedHand();
-std::vector<velk_HandPinchData> recordedPinch();
-std::vector<velk_HandPalmData> recordedPalm();
+/// A recorded hand that grips and opens, frame by frame, in each of the forms that calls take.
+struct Hands
+{
+    std::vector<velk_HandData> records;
+    std::vector<velk_HandPinchData> pinches;
+    std::vector<velk_HandPalmData> palms;
+};
+Hands recordedHands();
 
 } // namespace velk::compare
