@@ -12,29 +12,68 @@
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
+#include <velk/velk.h>
 
-#include "Options.h"
 #include "host/Files.h"
 #include "host/InputError.h"
 #include "host/recording/RecordingReader.h"
 #include "host/scene/SceneReader.h"
-#include "output/EventWriter.h"
-#include "output/FrameWriter.h"
-#include "output/TraceWriter.h"
-#include "output/TransitionPrinter.h"
+#include "output/Outputs.h"
 #include "play/Player.h"
-#include "report/ReportWriter.h"
 
 namespace
 {
 
-using velk_tools::Options;
+using namespace velk_tools;
 
 constexpr int kBadInput = 2;
 
-velk_tools::Pace paceOf(const Options& options)
+/// What the command line asks for. Empty files are not written.
+struct Options
 {
-    using velk_tools::Pace;
+    std::string scene;
+    std::string recording;
+    std::string triggers;
+    std::string events;
+    std::string frames;
+    std::string report;
+    std::string trace;
+    std::size_t traceStep = 1;
+    bool quiet = false;
+    bool realTime = false;
+    bool fullExit = false;
+};
+
+void addOptions(CLI::App& app, Options& options)
+{
+    app.add_option("scene", options.scene, "Scene file (JSON)")->required();
+    app.add_option("recording", options.recording, "Recording of hands or controllers (CSV)")->required();
+    app.add_option(
+        "--triggers", options.triggers,
+        "Trigger events (CSV); by default <recording>_events.csv where that stands beside the recording");
+    app.add_option("--events", options.events, "Write each transition to this file (JSON Lines)");
+    app.add_option("--frames", options.frames, "Write each frame to this file (CSV)");
+    app.add_option("--report", options.report, "Write a page with all that happened to this file (HTML)");
+    CLI::Option* const trace = app.add_option(
+        "--trace", options.trace, "Write all that can be observed, to the last bit, to this file (text)");
+    app.add_option("--trace-step", options.traceStep,
+                   "Trace every N-th frame and those in which something changes")
+        ->check(CLI::Range(1, 1000000))
+        ->needs(trace);
+    app.add_flag("--quiet", options.quiet, "Print the summary only");
+    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible")
+        ->excludes(trace);
+    app.add_flag("--full-exit", options.fullExit,
+                 "Leave through the library's own shutdown, which can wait 10 s for its thread");
+    app.set_version_flag("--version", [] {
+        const char* version = nullptr;
+        velk_Common_GetVersion(&version);
+        return std::string(version);
+    });
+}
+
+Pace paceOf(const Options& options)
+{
     if (!options.trace.empty()) {
         return Pace::Settled;
     }
@@ -44,14 +83,14 @@ velk_tools::Pace paceOf(const Options& options)
 void refuseOverwriting(const Options& options)
 {
     std::vector<std::string> used{options.scene, options.recording, options.triggers,
-                                  velk_tools::eventsBeside(options.recording)};
+                                  eventsBeside(options.recording)};
     for (const std::string& output : {options.events, options.frames, options.report, options.trace}) {
-        if (output.empty() || velk_tools::isDevice(output)) {
+        if (output.empty() || isDevice(output)) {
             continue;
         }
         for (const std::string& other : used) {
-            if (!other.empty() && velk_tools::isSameFile(output, other)) {
-                throw velk_tools::InputError(output + ": would overwrite an input or another output");
+            if (!other.empty() && isSameFile(output, other)) {
+                throw InputError(output + ": would overwrite an input or another output");
             }
         }
         used.push_back(output);
@@ -60,7 +99,6 @@ void refuseOverwriting(const Options& options)
 
 void run(const Options& options)
 {
-    using namespace velk_tools;
     refuseOverwriting(options);
     const bool traces = !options.trace.empty();
     const Scene scene = traces ? withoutEasing(loadScene(options.scene)) : loadScene(options.scene);
@@ -69,27 +107,20 @@ void run(const Options& options)
 
     std::list<OutputFile> files;
     std::vector<std::unique_ptr<Observer>> outputs;
-    outputs.push_back(std::make_unique<TransitionPrinter>(options.quiet));
     if (!options.events.empty()) {
-        outputs.push_back(std::make_unique<EventWriter>(files.emplace_back(options.events)));
+        outputs.push_back(writeEvents(files.emplace_back(options.events)));
     }
     if (!options.frames.empty()) {
-        outputs.push_back(std::make_unique<FrameWriter>(files.emplace_back(options.frames)));
+        outputs.push_back(writeFrames(files.emplace_back(options.frames), scene));
     }
     if (!options.report.empty()) {
-        outputs.push_back(std::make_unique<ReportWriter>(files.emplace_back(options.report)));
+        outputs.push_back(writeReport(files.emplace_back(options.report), scene, recording));
     }
     if (traces) {
-        outputs.push_back(
-            std::make_unique<TraceWriter>(files.emplace_back(options.trace), options.traceStep));
+        outputs.push_back(writeTrace(files.emplace_back(options.trace), scene, recording, options.traceStep));
     }
-
-    std::vector<Observer*> observers;
-    observers.reserve(outputs.size());
-    for (const auto& output : outputs) {
-        observers.push_back(output.get());
-    }
-    play(scene, recording, observers, paceOf(options));
+    outputs.push_back(printTransitions(scene, recording, options.quiet)); // once no file complains
+    play(scene, recording, outputs, paceOf(options));
 
     for (OutputFile& file : files) {
         file.close();
@@ -103,7 +134,7 @@ int guardedMain(int argc, char** argv, Options& options)
 {
     CLI::App app("Plays recorded motion through a scene of velk and shows what the library decides.",
                  "velk-play");
-    velk_tools::addOptions(app, options);
+    addOptions(app, options);
     try {
         app.parse(argc, argv);
         run(options);
@@ -112,16 +143,16 @@ int guardedMain(int argc, char** argv, Options& options)
         if (error.get_exit_code() == 0) {
             return app.exit(error); // help or version
         }
-        fmt::print(stderr, "velk-play: {}; --help tells more\n", velk_tools::printable(error.what()));
+        fmt::print(stderr, "velk-play: {}; --help tells more\n", printable(error.what()));
         return kBadInput;
-    } catch (const velk_tools::InputError& error) {
+    } catch (const InputError& error) {
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::system_error& error) { // standard output, which is full or closed
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::exception& error) {
-        fmt::print(stderr, "velk-play: internal error: {}\n", velk_tools::printable(error.what()));
+        fmt::print(stderr, "velk-play: internal error: {}\n", printable(error.what()));
         return EXIT_FAILURE;
     }
 }

@@ -1,12 +1,11 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "output/FrameWriter.h"
-
 #include <algorithm>
 
 #include <fmt/format.h>
 
+#include "output/Outputs.h"
 #include "play/Changes.h"
 
 namespace velk_tools
@@ -77,84 +76,88 @@ void addGrips(Row& row, const std::vector<GripTrack>& tracks, const std::vector<
     }
 }
 
+class FrameWriter : public Observer
+{
+public:
+    FrameWriter(OutputFile& file, const Scene& scene)
+        : file_(file)
+        , scene_(scene)
+    {
+        Row row;
+        row.add("frame");
+        row.add("time");
+        row.add("library_us");
+        for (const Ray& ray : scene_.rays) {
+            row.names("ray " + ray.name,
+                      {"state", "target", "origin_x", "origin_y", "origin_z", "end_x", "end_y", "end_z"});
+        }
+        for (const Fingertip& tip : scene_.fingertips) {
+            row.names("fingertip " + tip.name,
+                      {"state", "target", "tip_x", "tip_y", "tip_z", "touch_x", "touch_y", "touch_z"});
+        }
+        for (const Patch& patch : scene_.patches) {
+            row.names("patch " + patch.name, {"state", "extent"});
+        }
+        for (const HandChain& hand : scene_.hands) {
+            row.names(fmt::format("hand {}", nameOf(hand.side)),
+                      {"raw_x", "raw_y", "raw_z", "filtered_x", "filtered_y", "filtered_z", "shown_x",
+                       "shown_y", "shown_z"});
+        }
+        addGripNames(row, Kind::Pinch, scene_.pinches);
+        addGripNames(row, Kind::Palm, scene_.palms);
+        for (const DirectionTrack& track : scene_.directions) {
+            row.names("direction " + track.name, {"angle", "alignment", "active"});
+        }
+        file_.print("{}\n", row.line());
+    }
+
+    void frame(const Observation& seen, const std::vector<Transition>&) override
+    {
+        Row row;
+        row.add(fmt::format("{}", seen.frame));
+        row.add(fmt::format("{}", seen.time));
+        row.add(fmt::format("{:.1f}", seen.microseconds));
+        for (const RayView& ray : seen.rays) {
+            row.add(nameOf(stateOf(ray.state)));
+            row.addName(scene_.rayTarget(ray.target));
+            row.add(ray.origin, ray.tracked);
+            row.add(ray.end, ray.tracked);
+        }
+        for (const FingertipView& tip : seen.fingertips) {
+            row.add(nameOf(stateOf(tip.state)));
+            row.addName(scene_.patchName(tip.target));
+            row.add(tip.tip, tip.tracked);
+            row.add(tip.touch.value_or(Vec3{}), tip.touch.has_value());
+        }
+        for (const PatchView& patch : seen.patches) {
+            row.add(nameOf(stateOf(patch.state)));
+            row.add(patch.extent);
+        }
+        for (const HandView& hand : seen.hands) {
+            for (const velk_HandData* data : {&hand.raw, &hand.filtered, &hand.shown}) {
+                row.add(data->rootPose.position, hand.tracked);
+            }
+        }
+        addGrips(row, scene_.pinches, seen.pinches);
+        addGrips(row, scene_.palms, seen.palms);
+        for (const DirectionView& direction : seen.directions) {
+            row.add(direction.tracked ? fmt::format("{}", direction.angle) : std::string());
+            row.add(alignmentName(direction.alignment));
+            row.add(direction.active ? "1" : "0");
+        }
+        file_.print("{}\n", row.line());
+    }
+
+private:
+    OutputFile& file_;
+    const Scene& scene_;
+};
+
 } // namespace
 
-FrameWriter::FrameWriter(OutputFile& file)
-    : file_(file)
+std::unique_ptr<Observer> writeFrames(OutputFile& file, const Scene& scene)
 {
-}
-
-void FrameWriter::begin(const Scene& scene, const Recording&)
-{
-    scene_ = scene;
-    writeHeader();
-}
-
-void FrameWriter::writeHeader()
-{
-    Row row;
-    row.add("frame");
-    row.add("time");
-    row.add("library_us");
-    for (const Ray& ray : scene_.rays) {
-        row.names("ray " + ray.name,
-                  {"state", "target", "origin_x", "origin_y", "origin_z", "end_x", "end_y", "end_z"});
-    }
-    for (const Fingertip& tip : scene_.fingertips) {
-        row.names("fingertip " + tip.name,
-                  {"state", "target", "tip_x", "tip_y", "tip_z", "touch_x", "touch_y", "touch_z"});
-    }
-    for (const Patch& patch : scene_.patches) {
-        row.names("patch " + patch.name, {"state", "extent"});
-    }
-    for (const HandChain& hand : scene_.hands) {
-        row.names(fmt::format("hand {}", nameOf(hand.side)),
-                  {"raw_x", "raw_y", "raw_z", "filtered_x", "filtered_y", "filtered_z", "shown_x", "shown_y",
-                   "shown_z"});
-    }
-    addGripNames(row, Kind::Pinch, scene_.pinches);
-    addGripNames(row, Kind::Palm, scene_.palms);
-    for (const DirectionTrack& track : scene_.directions) {
-        row.names("direction " + track.name, {"angle", "alignment", "active"});
-    }
-    file_.print("{}\n", row.line());
-}
-
-void FrameWriter::frame(const Observation& seen, const std::vector<Transition>&)
-{
-    Row row;
-    row.add(fmt::format("{}", seen.frame));
-    row.add(fmt::format("{}", seen.time));
-    row.add(fmt::format("{:.1f}", seen.microseconds));
-    for (const RayView& ray : seen.rays) {
-        row.add(nameOf(stateOf(ray.state)));
-        row.addName(scene_.rayTarget(ray.target));
-        row.add(ray.origin, ray.tracked);
-        row.add(ray.end, ray.tracked);
-    }
-    for (const FingertipView& tip : seen.fingertips) {
-        row.add(nameOf(stateOf(tip.state)));
-        row.addName(scene_.patchName(tip.target));
-        row.add(tip.tip, tip.tracked);
-        row.add(tip.touch.value_or(Vec3{}), tip.touch.has_value());
-    }
-    for (const PatchView& patch : seen.patches) {
-        row.add(nameOf(stateOf(patch.state)));
-        row.add(patch.extent);
-    }
-    for (const HandView& hand : seen.hands) {
-        for (const velk_HandData* data : {&hand.raw, &hand.filtered, &hand.shown}) {
-            row.add(data->rootPose.position, hand.tracked);
-        }
-    }
-    addGrips(row, scene_.pinches, seen.pinches);
-    addGrips(row, scene_.palms, seen.palms);
-    for (const DirectionView& direction : seen.directions) {
-        row.add(direction.tracked ? fmt::format("{}", direction.angle) : std::string());
-        row.add(alignmentName(direction.alignment));
-        row.add(direction.active ? "1" : "0");
-    }
-    file_.print("{}\n", row.line());
+    return std::make_unique<FrameWriter>(file, scene);
 }
 
 } // namespace velk_tools

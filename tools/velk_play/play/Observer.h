@@ -47,7 +47,6 @@ class Observer
 public:
     virtual ~Observer() = default;
 
-    virtual void begin(const Scene& /*scene*/, const Recording& /*recording*/) {}
     /// Called once a frame, with what changed in it.
     virtual void frame(const Observation& seen, const std::vector<Transition>& changes) = 0;
     virtual void end(const Summary& /*summary*/) {}

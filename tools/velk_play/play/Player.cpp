@@ -45,18 +45,14 @@ Scene withoutEasing(Scene scene)
     return scene;
 }
 
-Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
-             Pace pace)
+void play(const Scene& scene, const Recording& recording,
+          const std::vector<std::unique_ptr<Observer>>& observers, Pace pace)
 {
     World world(scene, recording);
     if (pace == Pace::Settled) {
         world.settleCurves();
     }
     Summary summary;
-    for (Observer* observer : observers) {
-        observer->begin(scene, recording);
-    }
-
     Progress progress(recording.frames.size());
     const Clock::time_point start = Clock::now();
     Observation before;
@@ -67,7 +63,7 @@ Summary play(const Scene& scene, const Recording& recording, const std::vector<O
         Observation seen = world.update(i, recording.frames[i]);
         const std::vector<Transition> changes = findChanges(scene, before, seen);
         add(summary, seen, changes);
-        for (Observer* observer : observers) {
+        for (const auto& observer : observers) {
             observer->frame(seen, changes);
         }
         before = std::move(seen);
@@ -75,10 +71,9 @@ Summary play(const Scene& scene, const Recording& recording, const std::vector<O
     }
 
     progress.clear();
-    for (Observer* observer : observers) {
+    for (const auto& observer : observers) {
         observer->end(summary);
     }
-    return summary;
 }
 
 } // namespace velk_tools

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "play/Observer.h"
@@ -23,7 +24,7 @@ enum class Pace
 Scene withoutEasing(Scene scene);
 
 /// Plays a recording through a scene, frame by frame, and tells the observers.
-Summary play(const Scene& scene, const Recording& recording, const std::vector<Observer*>& observers,
-             Pace pace);
+void play(const Scene& scene, const Recording& recording,
+          const std::vector<std::unique_ptr<Observer>>& observers, Pace pace);
 
 } // namespace velk_tools

@@ -17,7 +17,7 @@ namespace velk_tools
 /// A whole run, as the report's sections read it.
 struct ReportData
 {
-    Scene scene;
+    const Scene& scene;
     std::string recording;
     std::vector<Observation> frames;
     std::vector<Transition> changes;
