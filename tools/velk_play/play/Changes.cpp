@@ -11,83 +11,76 @@ namespace velk_tools
 namespace
 {
 
-class ChangeList
-{
-public:
-    explicit ChangeList(const Observation& now)
-        : now_(now)
-    {
-    }
-
-    void add(Kind kind, std::string name, State from, State to, std::string target)
-    {
-        changes_.push_back({now_.frame, now_.time, kind, std::move(name), from, to, std::move(target)});
-    }
-
-    std::vector<Transition> take() { return std::move(changes_); }
-
-private:
-    const Observation& now_;
-    std::vector<Transition> changes_;
-};
-
-/// The view a list had before; one at rest where it had none.
-template <typename View>
-View viewBefore(const std::vector<View>& views, std::size_t i)
-{
-    return i < views.size() ? views[i] : View{};
-}
-
-void addGripChanges(ChangeList& list, Kind kind, const std::vector<GripTrack>& tracks,
-                    const std::vector<GripView>& before, const std::vector<GripView>& now)
+void addFingers(std::vector<Watched>& all, Kind kind, const std::vector<GripTrack>& tracks,
+                std::vector<GripView> Observation::*views)
 {
     for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const GripView old = viewBefore(before, i);
         for (const std::size_t finger : tracks[i].fingers) {
-            if (old.holds[finger] != now[i].holds[finger]) {
-                list.add(kind, fingerName(tracks[i], finger), stateOf(kind, old.holds[finger]),
-                         stateOf(kind, now[i].holds[finger]), {});
-            }
+            all.push_back({kind, fingerName(tracks[i], finger), [=](const Observation& seen) {
+                               return Doing{stateOf(kind, (seen.*views)[i].holds[finger])};
+                           }});
         }
     }
 }
 
 } // namespace
 
+std::vector<Watched> watchedIn(const Scene& scene)
+{
+    std::vector<Watched> all;
+    for (std::size_t i = 0; i < scene.rays.size(); ++i) {
+        all.push_back({Kind::Ray, scene.rays[i].name, [i](const Observation& seen) {
+                           return Doing{stateOf(seen.rays[i].state), seen.rays[i].target};
+                       }});
+    }
+    for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
+        all.push_back({Kind::Fingertip, scene.fingertips[i].name, [i](const Observation& seen) {
+                           return Doing{stateOf(seen.fingertips[i].state), seen.fingertips[i].target};
+                       }});
+    }
+    addFingers(all, Kind::Pinch, scene.pinches, &Observation::pinches);
+    addFingers(all, Kind::Palm, scene.palms, &Observation::palms);
+    for (std::size_t i = 0; i < scene.directions.size(); ++i) {
+        all.push_back({Kind::Direction, scene.directions[i].name, [i](const Observation& seen) {
+                           return Doing{stateOf(Kind::Direction, seen.directions[i].active)};
+                       }});
+    }
+    return all;
+}
+
+std::string targetName(const Scene& scene, Kind kind, int target)
+{
+    return kind == Kind::Ray ? scene.rayTarget(target) : scene.patchName(target);
+}
+
 std::string fingerName(const GripTrack& track, std::size_t finger)
 {
     return fmt::format("{} {}", nameOf(track.side), kFingerNames[finger]);
 }
 
-std::vector<Transition> findChanges(const Scene& scene, const Observation& before, const Observation& now)
+ChangeFinder::ChangeFinder(const Scene& scene)
+    : scene_(scene)
+    , watched_(watchedIn(scene))
 {
-    ChangeList list(now);
-    for (std::size_t i = 0; i < now.rays.size(); ++i) {
-        const RayView old = viewBefore(before.rays, i);
-        const RayView& ray = now.rays[i];
-        if (ray.state != old.state || ray.target != old.target) {
-            list.add(Kind::Ray, scene.rays[i].name, stateOf(old.state), stateOf(ray.state),
-                     scene.rayTarget(ray.target >= 0 ? ray.target : old.target));
+    for (const Watched& who : watched_) {
+        before_.push_back({restState(who.kind)});
+    }
+}
+
+std::vector<Transition> ChangeFinder::next(const Observation& seen)
+{
+    std::vector<Transition> changes;
+    for (std::size_t i = 0; i < watched_.size(); ++i) {
+        const auto& [kind, name, doing] = watched_[i];
+        const Doing before = before_[i];
+        const Doing now = before_[i] = doing(seen);
+        if (now != before) {
+            const int target = now.target >= 0 ? now.target : before.target;
+            changes.push_back({seen.frame, seen.time, kind, name, before.state, now.state,
+                               targetName(scene_, kind, target)});
         }
     }
-    for (std::size_t i = 0; i < now.fingertips.size(); ++i) {
-        const FingertipView old = viewBefore(before.fingertips, i);
-        const FingertipView& tip = now.fingertips[i];
-        if (tip.state != old.state || tip.target != old.target) {
-            list.add(Kind::Fingertip, scene.fingertips[i].name, stateOf(old.state), stateOf(tip.state),
-                     scene.patchName(tip.target >= 0 ? tip.target : old.target));
-        }
-    }
-    addGripChanges(list, Kind::Pinch, scene.pinches, before.pinches, now.pinches);
-    addGripChanges(list, Kind::Palm, scene.palms, before.palms, now.palms);
-    for (std::size_t i = 0; i < now.directions.size(); ++i) {
-        const DirectionView old = viewBefore(before.directions, i);
-        if (old.active != now.directions[i].active) {
-            list.add(Kind::Direction, scene.directions[i].name, stateOf(Kind::Direction, old.active),
-                     stateOf(Kind::Direction, now.directions[i].active), {});
-        }
-    }
-    return list.take();
+    return changes;
 }
 
 } // namespace velk_tools

@@ -55,18 +55,17 @@ void play(const Scene& scene, const Recording& recording,
     Summary summary;
     Progress progress(recording.frames.size());
     const Clock::time_point start = Clock::now();
-    Observation before;
+    ChangeFinder changeFinder(scene);
     for (std::size_t i = 0; i < recording.frames.size(); ++i) {
         if (pace == Pace::RealTime) {
             waitFor(recording.frames[i], recording.frames.front().time, start);
         }
-        Observation seen = world.update(i, recording.frames[i]);
-        const std::vector<Transition> changes = findChanges(scene, before, seen);
+        const Observation seen = world.update(i, recording.frames[i]);
+        const std::vector<Transition> changes = changeFinder.next(seen);
         add(summary, seen, changes);
         for (const auto& observer : observers) {
             observer->frame(seen, changes);
         }
-        before = std::move(seen);
         progress.advanceTo(i + 1);
     }
 

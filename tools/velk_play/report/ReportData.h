@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "play/Observer.h"
+#include "play/Changes.h"
 #include "report/Svg.h"
 
 namespace velk_tools
@@ -19,6 +19,7 @@ struct ReportData
 {
     const Scene& scene;
     std::string recording;
+    std::vector<Watched> watched;
     std::vector<Observation> frames;
     std::vector<Transition> changes;
     Summary summary;

@@ -16,7 +16,7 @@ class ReportWriter : public Observer
 public:
     ReportWriter(OutputFile& file, const Scene& scene, const Recording& recording)
         : file_(file)
-        , data_{scene, recording.name, {}, {}, {}}
+        , data_{scene, recording.name, watchedIn(scene), {}, {}, {}}
     {
     }
 

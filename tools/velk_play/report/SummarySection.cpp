@@ -1,11 +1,10 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include <array>
+#include <algorithm>
 
 #include <fmt/format.h>
 
-#include "play/Changes.h"
 #include "report/Html.h"
 #include "report/Sections.h"
 
@@ -20,77 +19,45 @@ std::string fact(const std::string& value, const std::string& name)
     return fmt::format("<div><b>{}</b><span>{}</span></div>\n", value, name);
 }
 
-/// A row: how long in each state, and how often Select or what stands for it began.
-std::vector<std::string> stateRow(const ReportData& data, Kind kind, const std::string& name,
-                                  const Seconds& seconds)
+bool isInteractor(Kind kind)
 {
-    int count = 0;
-    double first = -1;
-    for (const Transition& change : data.changes) {
-        if (change.kind != kind || change.name != name || !isStart(change)) {
+    return kind == Kind::Ray || kind == Kind::Fingertip;
+}
+
+/// For how many seconds an interactor was in each state, or anything else off and on.
+std::vector<std::string> secondsCells(const ReportData& data, const Watched& who)
+{
+    const Seconds seconds = secondsIn(data, [&who](const Observation& seen) {
+        const State state = who.doing(seen).state;
+        return isInteractor(who.kind) ? static_cast<int>(state) : int{state == heldState(who.kind)};
+    });
+    std::vector<std::string> cells;
+    for (const double time : seconds.in) {
+        cells.push_back(fmt::format("{:.2f} s", time));
+    }
+    cells.resize(isInteractor(who.kind) ? 3 : 2);
+    return cells;
+}
+
+/// A row for each of the interactors, or of all others: the seconds, and how often Select or what stands for
+/// it began.
+std::string tableOf(const ReportData& data, bool interactors, const std::vector<std::string>& head)
+{
+    std::vector<std::vector<std::string>> rows;
+    for (const Watched& who : data.watched) {
+        if (isInteractor(who.kind) != interactors) {
             continue;
         }
-        first = count == 0 ? change.time : first;
-        ++count;
+        std::vector<std::string>& row = rows.emplace_back(secondsCells(data, who));
+        row.insert(row.begin(), fmt::format("{} {}", nameOf(who.kind), who.name));
+        const auto starts = [&who](const Transition& change) {
+            return change.kind == who.kind && change.name == who.name && isStart(change);
+        };
+        const auto first = std::find_if(data.changes.begin(), data.changes.end(), starts);
+        row.push_back(fmt::format("{}", std::count_if(first, data.changes.end(), starts)));
+        row.push_back(first == data.changes.end() ? "" : fmt::format("{:.3f} s", first->time));
     }
-    std::vector<std::string> row{fmt::format("{} {}", nameOf(kind), name)};
-    for (const double time : seconds.in) {
-        row.push_back(time < 0 ? "" : fmt::format("{:.2f} s", time));
-    }
-    row.push_back(fmt::format("{}", count));
-    row.push_back(count > 0 ? fmt::format("{:.3f} s", first) : "");
-    return row;
-}
-
-std::string interactorTable(const ReportData& data)
-{
-    std::vector<std::vector<std::string>> rows;
-    for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
-        rows.push_back(
-            stateRow(data, Kind::Ray, data.scene.rays[i].name,
-                     secondsIn(data, [i](const Observation& seen) { return seen.rays[i].state; })));
-    }
-    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
-        rows.push_back(
-            stateRow(data, Kind::Fingertip, data.scene.fingertips[i].name,
-                     secondsIn(data, [i](const Observation& seen) { return seen.fingertips[i].state; })));
-    }
-    if (rows.empty()) {
-        return {};
-    }
-    return table({"Interactor", "Normal", "Hover", "Select", "selections", "first at"}, rows);
-}
-
-void addGripRows(const ReportData& data, Kind kind, const std::vector<GripTrack>& tracks,
-                 std::vector<GripView> Observation::*views, std::vector<std::vector<std::string>>& rows)
-{
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        for (const std::size_t finger : tracks[i].fingers) {
-            auto row = stateRow(
-                data, kind, fingerName(tracks[i], finger),
-                secondsIn(data, [&](const Observation& seen) { return (seen.*views)[i].holds[finger]; }));
-            row.erase(row.begin() + 3);
-            rows.push_back(std::move(row));
-        }
-    }
-}
-
-std::string trackTable(const ReportData& data)
-{
-    std::vector<std::vector<std::string>> rows;
-    addGripRows(data, Kind::Pinch, data.scene.pinches, &Observation::pinches, rows);
-    addGripRows(data, Kind::Palm, data.scene.palms, &Observation::palms, rows);
-    for (std::size_t i = 0; i < data.scene.directions.size(); ++i) {
-        auto row =
-            stateRow(data, Kind::Direction, data.scene.directions[i].name,
-                     secondsIn(data, [i](const Observation& seen) { return seen.directions[i].active; }));
-        row.erase(row.begin() + 3);
-        rows.push_back(std::move(row));
-    }
-    if (rows.empty()) {
-        return {};
-    }
-    return table({"Track", "off", "on", "times on", "first at"}, rows);
+    return rows.empty() ? std::string() : table(head, rows);
 }
 
 } // namespace
@@ -112,7 +79,9 @@ std::string summarySection(const ReportData& data)
     html += fact(fmt::format("{}", summary.transitions), "transitions");
     html += fact(fmt::format("{:.1f} µs", summary.meanMicroseconds), "a frame inside the library");
     html += fact(fmt::format("{:.1f} µs", summary.worstMicroseconds), "in the slowest frame");
-    return html + "</div>\n" + interactorTable(data) + trackTable(data);
+    return html + "</div>\n" +
+           tableOf(data, true, {"Interactor", "Normal", "Hover", "Select", "selections", "first at"}) +
+           tableOf(data, false, {"Track", "off", "on", "times on", "first at"});
 }
 
 } // namespace velk_tools

@@ -3,7 +3,6 @@
 
 #include <fmt/format.h>
 
-#include "play/Changes.h"
 #include "report/Html.h"
 #include "report/Plot.h"
 #include "report/Sections.h"
@@ -35,70 +34,19 @@ struct Lane
     std::vector<Band> bands;
 };
 
-using StateAndTarget = std::pair<VelkInteractorState, int>;
-
-template <typename NameOf>
-Lane interactorLane(std::string name, const std::vector<Run<StateAndTarget>>& runs, NameOf targetName)
-{
-    Lane lane{std::move(name), {}};
-    for (const auto& run : runs) {
-        const State state = stateOf(run.value.first);
-        const std::string target = targetName(run.value.second);
-        const std::string what =
-            target.empty() ? std::string(nameOf(state)) : fmt::format("{} on {}", nameOf(state), target);
-        lane.bands.push_back({run.time, styleOf(state), bandTitle(what, run.time)});
-    }
-    return lane;
-}
-
-/// What doesn't hold counts as off, fingers too.
-Lane holdLane(std::string name, const std::vector<Run<bool>>& runs, Kind kind)
-{
-    Lane lane{std::move(name), {}};
-    for (const auto& run : runs) {
-        const State state = run.value ? heldState(kind) : State::Off;
-        lane.bands.push_back({run.time, styleOf(state), bandTitle(nameOf(state), run.time)});
-    }
-    return lane;
-}
-
-void addGripLanes(const ReportData& data, Kind kind, const std::vector<GripTrack>& tracks,
-                  std::vector<GripView> Observation::*views, std::vector<Lane>& lanes)
-{
-    for (std::size_t i = 0; i < tracks.size(); ++i) {
-        for (const std::size_t finger : tracks[i].fingers) {
-            lanes.push_back(holdLane(
-                fmt::format("{} {}", nameOf(kind), fingerName(tracks[i], finger)),
-                runsOf(data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; }),
-                kind));
-        }
-    }
-}
-
 std::vector<Lane> lanesOf(const ReportData& data)
 {
     std::vector<Lane> lanes;
-    for (std::size_t i = 0; i < data.scene.rays.size(); ++i) {
-        const auto runs = runsOf(data, [i](const Observation& seen) {
-            return StateAndTarget(seen.rays[i].state, seen.rays[i].target);
-        });
-        lanes.push_back(interactorLane("ray " + data.scene.rays[i].name, runs,
-                                       [&](int target) { return data.scene.rayTarget(target); }));
-    }
-    for (std::size_t i = 0; i < data.scene.fingertips.size(); ++i) {
-        const auto runs = runsOf(data, [i](const Observation& seen) {
-            return StateAndTarget(seen.fingertips[i].state, seen.fingertips[i].target);
-        });
-        lanes.push_back(interactorLane("fingertip " + data.scene.fingertips[i].name, runs,
-                                       [&](int target) { return data.scene.patchName(target); }));
-    }
-    addGripLanes(data, Kind::Pinch, data.scene.pinches, &Observation::pinches, lanes);
-    addGripLanes(data, Kind::Palm, data.scene.palms, &Observation::palms, lanes);
-    for (std::size_t i = 0; i < data.scene.directions.size(); ++i) {
-        lanes.push_back(
-            holdLane("direction " + data.scene.directions[i].name,
-                     runsOf(data, [i](const Observation& seen) { return seen.directions[i].active; }),
-                     Kind::Direction));
+    for (const Watched& who : data.watched) {
+        Lane& lane = lanes.emplace_back(Lane{fmt::format("{} {}", nameOf(who.kind), who.name), {}});
+        for (const auto& run : runsOf(data, who.doing)) {
+            const auto [seen, index] = run.value;
+            const State state = seen == State::Open ? State::Off : seen; // one word for all that doesn't hold
+            const std::string target = targetName(data.scene, who.kind, index);
+            const std::string what =
+                target.empty() ? std::string(nameOf(state)) : fmt::format("{} on {}", nameOf(state), target);
+            lane.bands.push_back({run.time, styleOf(state), bandTitle(what, run.time)});
+        }
     }
     return lanes;
 }

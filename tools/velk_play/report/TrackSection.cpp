@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include "play/Changes.h"
 #include "report/Html.h"
 #include "report/Plot.h"
 #include "report/Sections.h"
