@@ -44,9 +44,4 @@ void HandActor::update(const Frame& frame)
     velk_DataSource_GetData(synthetic_, &view_.shown);
 }
 
-HandView HandActor::view() const
-{
-    return view_;
-}
-
 } // namespace velk_tools

@@ -22,7 +22,7 @@ public:
     /// To be called after the interactors' updates, so that a press holds the hand in the frame in which it
     /// begins.
     void update(const Frame& frame);
-    HandView view() const;
+    const HandView& view() const { return view_; }
 
 private:
     HandChain chain_;

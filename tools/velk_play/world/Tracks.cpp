@@ -18,12 +18,6 @@ constexpr std::array<VelkHandFinger, 5> kFingers{VelkHandFinger_Thumb, VelkHandF
 constexpr Vec3 kWristDirection{0, 0, -1};
 constexpr Vec3 kOpposite{0, 0, 1};
 
-Quantizer makeQuantizer(const DirectionTrack& track)
-{
-    Vec3 reference = track.reference;
-    return Quantizer(velk_DirectionQuantizer_Create(&reference, track.middleAngle, track.farAngle));
-}
-
 /// Pinches and palm grips are read alike, through functions of their own.
 template <auto GetScore, auto IsGrabbing, auto HasChanged>
 void readGrip(const auto& grab, GripView& view)
@@ -37,56 +31,54 @@ void readGrip(const auto& grab, GripView& view)
 
 } // namespace
 
-PinchActor::PinchActor(const GripTrack& track)
+GripActor::GripActor(const GripTrack& track, Grab grab)
     : track_(track)
-    , grab_(velk_FingerPinchGrabAPI_Create())
+    , grab_(std::move(grab))
 {
 }
 
-void PinchActor::update(const Frame& frame)
+void GripActor::update(const Frame& frame)
 {
     const HandSample* hand = frame.hand(track_.side);
     view_.tracked = hand != nullptr;
     if (hand == nullptr) {
         return;
     }
+    if (auto* pinch = std::get_if<PinchGrab>(&grab_)) {
+        updatePinch(*pinch, *hand);
+    } else {
+        updatePalm(std::get<PalmGrab>(grab_), *hand);
+    }
+}
+
+void GripActor::updatePinch(PinchGrab& grab, const HandSample& hand)
+{
     velk_HandPinchData data;
-    for (std::size_t i = 0; i < hand->joints.size(); ++i) {
-        data.jointPositions[i] = hand->joints[i].position;
+    for (std::size_t i = 0; i < hand.joints.size(); ++i) {
+        data.jointPositions[i] = hand.joints[i].position;
     }
     const Vec3* head = track_.goodView ? &kWristDirection : &kOpposite;
-    velk_FingerPinchGrabAPI_UpdateHandWristHMDData(grab_, &data, &kWristDirection, head);
+    velk_FingerPinchGrabAPI_UpdateHandWristHMDData(grab, &data, &kWristDirection, head);
     readGrip<velk_FingerPinchGrabAPI_GetFingerGrabScore, velk_FingerPinchGrabAPI_GetFingerIsGrabbing,
-             velk_FingerPinchGrabAPI_GetFingerIsGrabbingChanged>(grab_, view_);
-    velk_FingerPinchGrabAPI_GetCenterOffset(grab_, &view_.center);
+             velk_FingerPinchGrabAPI_GetFingerIsGrabbingChanged>(grab, view_);
+    velk_FingerPinchGrabAPI_GetCenterOffset(grab, &view_.center);
 }
 
-PalmActor::PalmActor(const GripTrack& track)
-    : track_(track)
-    , grab_(velk_FingerPalmGrabAPI_Create())
+void GripActor::updatePalm(PalmGrab& grab, const HandSample& hand)
 {
-}
-
-void PalmActor::update(const Frame& frame)
-{
-    const HandSample* hand = frame.hand(track_.side);
-    view_.tracked = hand != nullptr;
-    if (hand == nullptr) {
-        return;
-    }
     velk_HandPalmData data;
-    std::copy(hand->joints.begin(), hand->joints.end(), data.jointPoses);
-    data.rootPose = hand->root;
-    data.handedness = hand->handedness;
-    velk_FingerPalmGrabAPI_UpdateHandData(grab_, &data);
+    std::copy(hand.joints.begin(), hand.joints.end(), data.jointPoses);
+    data.rootPose = hand.root;
+    data.handedness = hand.handedness;
+    velk_FingerPalmGrabAPI_UpdateHandData(grab, &data);
     readGrip<velk_FingerPalmGrabAPI_GetFingerGrabScore, velk_FingerPalmGrabAPI_GetFingerIsGrabbing,
-             velk_FingerPalmGrabAPI_GetFingerIsGrabbingChanged>(grab_, view_);
-    velk_FingerPalmGrabAPI_GetCenterOffset(grab_, &view_.center);
+             velk_FingerPalmGrabAPI_GetFingerIsGrabbingChanged>(grab, view_);
+    velk_FingerPalmGrabAPI_GetCenterOffset(grab, &view_.center);
 }
 
 DirectionActor::DirectionActor(const DirectionTrack& track)
     : track_(track)
-    , quantizer_(makeQuantizer(track))
+    , quantizer_(velk_DirectionQuantizer_Create(&track_.reference, track.middleAngle, track.farAngle))
     , recognizer_(velk_DirectionRecognizer_Create())
 {
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <variant>
+
 #include "host/Handle.h"
 #include "host/scene/Scene.h"
 #include "world/Observation.h"
@@ -10,34 +12,24 @@
 namespace velk_tools
 {
 
-/// Pinches of a hand's fingers.
-class PinchActor
+/// Pinches of a hand's fingers, or their grips against its palm.
+class GripActor
 {
 public:
-    explicit PinchActor(const GripTrack& track);
+    using Grab = std::variant<PinchGrab, PalmGrab>;
+
+    GripActor(const GripTrack& track, Grab grab);
 
     const GripTrack& track() const { return track_; }
     void update(const Frame& frame);
     const GripView& view() const { return view_; }
 
 private:
+    void updatePinch(PinchGrab& grab, const HandSample& hand);
+    void updatePalm(PalmGrab& grab, const HandSample& hand);
+
     GripTrack track_;
-    PinchGrab grab_;
-    GripView view_;
-};
-
-/// Grips of a hand's fingers against its palm.
-class PalmActor
-{
-public:
-    explicit PalmActor(const GripTrack& track);
-
-    void update(const Frame& frame);
-    const GripView& view() const { return view_; }
-
-private:
-    GripTrack track_;
-    PalmGrab grab_;
+    Grab grab_;
     GripView view_;
 };
 

@@ -18,32 +18,46 @@ using Clock = std::chrono::steady_clock;
 /// Longer than any curve on which the library lets a drawn hand return.
 constexpr std::chrono::milliseconds kCurveTime{150};
 
+/// Calls update(with...) of each.
+template <typename Actor, typename... With>
+void updateEach(std::vector<Actor>& actors, const With&... with)
+{
+    for (Actor& actor : actors) {
+        actor.update(with...);
+    }
+}
+
+/// What view(with...) of each gives.
+template <typename Actor, typename... With>
+auto viewsOf(const std::vector<Actor>& actors, const With&... with)
+{
+    std::vector<std::decay_t<decltype(actors.front().view(with...))>> views;
+    for (const Actor& actor : actors) {
+        views.push_back(actor.view(with...));
+    }
+    return views;
+}
+
 } // namespace
 
 World::World(const Scene& scene, const Recording& recording)
     : scene_(scene)
     , rayTargets_(scene)
     , pokeTargets_(scene)
+    , rays_(scene.rays.begin(), scene.rays.end())
+    , fingertips_(scene.fingertips.begin(), scene.fingertips.end())
+    , directions_(scene.directions.begin(), scene.directions.end())
 {
-    for (const Ray& ray : scene.rays) {
-        rays_.emplace_back(ray);
-    }
-    for (const Fingertip& fingertip : scene.fingertips) {
-        fingertips_.emplace_back(fingertip);
-    }
     for (const HandChain& chain : scene.hands) {
         const VelkInteractorHandle poker =
             chain.limiter ? fingertips_[*chain.limiter].interactor() : VelkInteractorHandle_Invalid;
         hands_.emplace_back(chain, recording.handRate(chain.side), poker);
     }
     for (const GripTrack& track : scene.pinches) {
-        pinches_.emplace_back(track);
+        pinches_.emplace_back(track, PinchGrab(velk_FingerPinchGrabAPI_Create()));
     }
     for (const GripTrack& track : scene.palms) {
-        palms_.emplace_back(track);
-    }
-    for (const DirectionTrack& track : scene.directions) {
-        directions_.emplace_back(track);
+        palms_.emplace_back(track, PalmGrab(velk_FingerPalmGrabAPI_Create()));
     }
     // A curve that was never started reads as finished only when the library has been up for the curve's
     // time; until then the drawn hand would be on its way from the origin.
@@ -66,29 +80,16 @@ Observation World::update(std::size_t number, const Frame& frame)
 
 void World::updateAll(const Frame& frame)
 {
-    for (PinchActor& pinch : pinches_) {
-        pinch.update(frame);
-    }
-    pressTriggers(frame);
-    pressPinches();
-    for (RayActor& ray : rays_) {
-        ray.update(frame);
-    }
-    for (FingertipActor& fingertip : fingertips_) {
-        fingertip.update(frame, scene_, pokeTargets_);
-    }
+    updateEach(pinches_, frame);
+    pressSelects(frame);
+    updateEach(rays_, frame);
+    updateEach(fingertips_, frame, scene_, pokeTargets_);
     if (settlesCurves_) {
         settle();
     }
-    for (HandActor& hand : hands_) {
-        hand.update(frame);
-    }
-    for (PalmActor& palm : palms_) {
-        palm.update(frame);
-    }
-    for (DirectionActor& direction : directions_) {
-        direction.update(frame);
-    }
+    updateEach(hands_, frame);
+    updateEach(palms_, frame);
+    updateEach(directions_, frame);
 }
 
 /// What a fingertip's update starts is read only when a hand is updated.
@@ -105,31 +106,21 @@ void World::settle()
     waited_ = Clock::now() - begin;
 }
 
-void World::pressTriggers(const Frame& frame)
+void World::pressSelects(const Frame& frame)
 {
     for (RayActor& ray : rays_) {
-        const auto* select = std::get_if<TriggerSelect>(&ray.ray().select);
-        if (select == nullptr) {
-            continue;
-        }
-        for (const TriggerEvent& event : frame.triggers) {
-            if (event.device == select->device) {
-                ray.press(event.down);
+        if (const auto* trigger = std::get_if<TriggerSelect>(&ray.ray().select)) {
+            for (const TriggerEvent& event : frame.triggers) {
+                if (event.device == trigger->device) {
+                    ray.press(event.down);
+                }
             }
         }
-    }
-}
-
-void World::pressPinches()
-{
-    for (RayActor& ray : rays_) {
-        const auto* select = std::get_if<PinchSelect>(&ray.ray().select);
-        if (select == nullptr) {
-            continue;
-        }
-        for (const PinchActor& pinch : pinches_) {
-            if (pinch.track().side == select->side) {
-                ray.press(pinch.view().tracked && pinch.view().holds[select->finger]);
+        if (const auto* pinch = std::get_if<PinchSelect>(&ray.ray().select)) {
+            for (const GripActor& hand : pinches_) {
+                if (hand.track().side == pinch->side) {
+                    ray.press(hand.view().tracked && hand.view().holds[pinch->finger]);
+                }
             }
         }
     }
@@ -138,25 +129,13 @@ void World::pressPinches()
 void World::read(Observation& seen) const
 {
     seen.rayTargets = rayTargets_.view();
-    for (const RayActor& ray : rays_) {
-        seen.rays.push_back(ray.view(rayTargets_));
-    }
-    for (const FingertipActor& fingertip : fingertips_) {
-        seen.fingertips.push_back(fingertip.view(pokeTargets_));
-    }
+    seen.rays = viewsOf(rays_, rayTargets_);
+    seen.fingertips = viewsOf(fingertips_, pokeTargets_);
     seen.patches = pokeTargets_.view();
-    for (const HandActor& hand : hands_) {
-        seen.hands.push_back(hand.view());
-    }
-    for (const PinchActor& pinch : pinches_) {
-        seen.pinches.push_back(pinch.view());
-    }
-    for (const PalmActor& palm : palms_) {
-        seen.palms.push_back(palm.view());
-    }
-    for (const DirectionActor& direction : directions_) {
-        seen.directions.push_back(direction.view());
-    }
+    seen.hands = viewsOf(hands_);
+    seen.pinches = viewsOf(pinches_);
+    seen.palms = viewsOf(palms_);
+    seen.directions = viewsOf(directions_);
 }
 
 } // namespace velk_tools

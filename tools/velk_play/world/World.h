@@ -31,8 +31,7 @@ public:
     Observation update(std::size_t number, const Frame& frame);
 
 private:
-    void pressTriggers(const Frame& frame);
-    void pressPinches();
+    void pressSelects(const Frame& frame);
     void updateAll(const Frame& frame);
     void settle();
     void read(Observation& seen) const;
@@ -45,8 +44,8 @@ private:
     std::vector<RayActor> rays_;
     std::vector<FingertipActor> fingertips_;
     std::vector<HandActor> hands_;
-    std::vector<PinchActor> pinches_;
-    std::vector<PalmActor> palms_;
+    std::vector<GripActor> pinches_;
+    std::vector<GripActor> palms_;
     std::vector<DirectionActor> directions_;
 };
 
