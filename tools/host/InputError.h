@@ -5,12 +5,14 @@
 
 #include <stdexcept>
 #include <string>
-
-#include "host/Printable.h"
-#include <string>
+#include <string_view>
 
 namespace velk_tools
 {
+
+/// The text with its control characters spelled out, as \u001b: what a file or its name holds moves no cursor
+/// of a terminal and ends no line.
+std::string printable(std::string_view text);
 
 /// A file or an argument that the user has to mend. what() is the whole line to show, with file, line or key.
 class InputError : public std::runtime_error

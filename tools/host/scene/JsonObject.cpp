@@ -25,15 +25,6 @@ JsonObject::JsonObject(std::string file, std::string path, const nlohmann::json&
     }
 }
 
-std::vector<std::string> JsonObject::keys() const
-{
-    std::vector<std::string> keys;
-    for (const auto& entry : value_->items()) {
-        keys.push_back(entry.key());
-    }
-    return keys;
-}
-
 bool JsonObject::has(std::string_view key) const
 {
     known_.emplace(key);
@@ -103,19 +94,17 @@ JsonObject JsonObject::object(const std::string& key)
 std::vector<JsonObject> JsonObject::objects(const std::string& key)
 {
     std::vector<JsonObject> result;
-    if (!has(key)) {
-        return result;
-    }
-    const nlohmann::json& values = list(key);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        result.emplace_back(file_, fmt::format("{}[{}]", pathTo(key), i), values[i]);
+    if (has(key)) {
+        for (const auto& [i, value] : list(key).items()) {
+            result.emplace_back(file_, fmt::format("{}[{}]", pathTo(key), i), value);
+        }
     }
     return result;
 }
 
 void JsonObject::done() const
 {
-    for (const std::string& key : keys()) {
+    for (const auto& [key, value] : value_->items()) {
         if (!used_.contains(key)) {
             fail(key, "unknown key" + suggestion(key, {known_.begin(), known_.end()}));
         }
@@ -124,11 +113,7 @@ void JsonObject::done() const
 
 void JsonObject::fail(const std::string& key, const std::string& message) const
 {
-    // Keys and names may hold anything; a complaint is one line.
-    std::string text = fmt::format("{}: {}", pathTo(key), message);
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, '?');
-    throw InputError(fmt::format("{}: {}", file_, text));
+    throw InputError(fmt::format("{}: {}: {}", file_, pathTo(key), message));
 }
 
 const nlohmann::json& JsonObject::at(const std::string& key)
@@ -145,23 +130,35 @@ std::string JsonObject::pathTo(const std::string& key) const
     return path_.empty() ? key : path_ + "." + key;
 }
 
-std::size_t JsonObject::place(const std::string& path, const nlohmann::json& value,
-                              const std::string_view* names, std::size_t count) const
+std::size_t JsonObject::choice(const std::string& key, Names names)
 {
-    std::string list;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (value.is_string() && value.get_ref<const std::string&>() == names[i]) {
-            return i;
+    return place(key, at(key), names);
+}
+
+std::vector<std::size_t> JsonObject::choices(const std::string& key, Names names)
+{
+    std::vector<std::size_t> result;
+    if (has(key)) {
+        for (const auto& [i, value] : list(key).items()) {
+            result.push_back(place(fmt::format("{}[{}]", key, i), value, names));
         }
-        list += fmt::format("{}'{}'", i == 0 ? "" : ", ", names[i]);
     }
+    return result;
+}
+
+std::size_t JsonObject::place(const std::string& path, const nlohmann::json& value, Names names) const
+{
     if (value.is_string()) {
         const auto& word = value.get_ref<const std::string&>();
-        if (const std::string meant = suggestion(word, {names, names + count}); !meant.empty()) {
+        const auto found = std::find(names.begin(), names.end(), word);
+        if (found != names.end()) {
+            return static_cast<std::size_t>(found - names.begin());
+        }
+        if (const std::string meant = suggestion(word, {names.begin(), names.end()}); !meant.empty()) {
             fail(path, fmt::format("'{}' is unknown{}", word, meant));
         }
     }
-    fail(path, "expected one of " + list);
+    fail(path, fmt::format("expected one of '{}'", fmt::join(names, "', '")));
 }
 
 const nlohmann::json& JsonObject::list(const std::string& key)

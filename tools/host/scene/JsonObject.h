@@ -5,6 +5,7 @@
 
 #include <array>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,10 +23,11 @@ namespace velk_tools
 class JsonObject
 {
 public:
+    using Names = std::span<const std::string_view>;
+
     JsonObject(std::string file, std::string path, const nlohmann::json& value);
 
     bool has(std::string_view key) const;
-    std::vector<std::string> keys() const;
 
     float number(const std::string& key);
     float number(const std::string& key, float fallback) { return has(key) ? number(key) : fallback; }
@@ -40,11 +42,9 @@ public:
     /// A vector that is not zero.
     Vec3 direction(const std::string& key);
     /// One of a list of names, as its place in the list.
-    template <std::size_t N>
-    std::size_t choice(const std::string& key, const std::array<std::string_view, N>& names);
+    std::size_t choice(const std::string& key, Names names);
     /// The same for a list; absent means empty.
-    template <std::size_t N>
-    std::vector<std::size_t> choices(const std::string& key, const std::array<std::string_view, N>& names);
+    std::vector<std::size_t> choices(const std::string& key, Names names);
     JsonObject object(const std::string& key);
     /// A list of objects; absent means empty.
     std::vector<JsonObject> objects(const std::string& key);
@@ -55,8 +55,7 @@ public:
 private:
     const nlohmann::json& at(const std::string& key);
     std::string pathTo(const std::string& key) const;
-    std::size_t place(const std::string& path, const nlohmann::json& value, const std::string_view* names,
-                      std::size_t count) const;
+    std::size_t place(const std::string& path, const nlohmann::json& value, Names names) const;
     const nlohmann::json& list(const std::string& key);
 
     std::string file_;
@@ -78,27 +77,6 @@ std::array<float, N> JsonObject::numbers(const std::string& key)
     }
     if (!good) {
         fail(key, "expected a list of " + std::to_string(N) + " numbers");
-    }
-    return result;
-}
-
-template <std::size_t N>
-std::size_t JsonObject::choice(const std::string& key, const std::array<std::string_view, N>& names)
-{
-    return place(key, at(key), names.data(), N);
-}
-
-template <std::size_t N>
-std::vector<std::size_t> JsonObject::choices(const std::string& key,
-                                             const std::array<std::string_view, N>& names)
-{
-    std::vector<std::size_t> result;
-    if (!has(key)) {
-        return result;
-    }
-    const nlohmann::json& values = list(key);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        result.push_back(place(key + "[" + std::to_string(i) + "]", values[i], names.data(), N));
     }
     return result;
 }

@@ -230,22 +230,24 @@ void readList(JsonObject& root, const std::string& key, std::vector<T>& list, Re
     }
 }
 
-template <typename T>
-void checkNames(const JsonObject& root, const std::string& key, const std::vector<T>& list)
+/// A list whose entries have names.
+template <typename T, typename Read>
+void readNamed(JsonObject& root, const std::string& key, std::vector<T>& list, Read read)
 {
+    readList(root, key, list, read);
+    std::set<std::string_view> names;
     for (std::size_t i = 0; i < list.size(); ++i) {
-        for (std::size_t j = 0; j < i; ++j) {
-            if (list[i].name == list[j].name) {
-                root.fail(fmt::format("{}[{}].name", key, i), fmt::format("'{}' stands twice", list[i].name));
-            }
+        if (!names.insert(list[i].name).second) {
+            root.fail(fmt::format("{}[{}].name", key, i), fmt::format("'{}' stands twice", list[i].name));
         }
     }
 }
 
-/// One of a kind for each hand.
-template <typename T>
-void checkSides(const JsonObject& root, const std::string& key, const std::vector<T>& list)
+/// A list with one entry for each hand at most.
+template <typename T, typename Read>
+void readSided(JsonObject& root, const std::string& key, std::vector<T>& list, Read read)
 {
+    readList(root, key, list, read);
     if (list.size() > 2 || (list.size() == 2 && list[0].side == list[1].side)) {
         root.fail(key, "has one entry for each hand at most");
     }
@@ -266,25 +268,16 @@ Scene readScene(JsonObject root)
 {
     Scene scene;
     scene.title = root.has("title") ? root.text("title") : std::string();
-    readList(root, "panels", scene.panels, readPanel);
-    readList(root, "boxes", scene.boxes, readBox);
-    readList(root, "patches", scene.patches, readPatch);
-    readList(root, "rays", scene.rays, readRay);
-    readList(root, "fingertips", scene.fingertips, readFingertip);
-    readList(root, "hands", scene.hands, [&scene](JsonObject& object) { return readHand(object, scene); });
-    readList(root, "pinches", scene.pinches, readPinch);
-    readList(root, "palms", scene.palms, readGrip);
-    readList(root, "directions", scene.directions, readDirection);
+    readNamed(root, "panels", scene.panels, readPanel);
+    readNamed(root, "boxes", scene.boxes, readBox);
+    readNamed(root, "patches", scene.patches, readPatch);
+    readNamed(root, "rays", scene.rays, readRay);
+    readNamed(root, "fingertips", scene.fingertips, readFingertip);
+    readSided(root, "hands", scene.hands, [&scene](JsonObject& object) { return readHand(object, scene); });
+    readSided(root, "pinches", scene.pinches, readPinch);
+    readSided(root, "palms", scene.palms, readGrip);
+    readNamed(root, "directions", scene.directions, readDirection);
     root.done();
-    checkNames(root, "panels", scene.panels);
-    checkNames(root, "boxes", scene.boxes);
-    checkNames(root, "patches", scene.patches);
-    checkNames(root, "rays", scene.rays);
-    checkNames(root, "fingertips", scene.fingertips);
-    checkNames(root, "directions", scene.directions);
-    checkSides(root, "hands", scene.hands);
-    checkSides(root, "pinches", scene.pinches);
-    checkSides(root, "palms", scene.palms);
     checkPinchSelects(root, scene);
     return scene;
 }
@@ -314,14 +307,6 @@ nlohmann::json::parser_callback_t refuseTwins(const std::string& file)
     };
 }
 
-void requireHand(const Scene& scene, const std::string& key, Side side, const Recording& recording)
-{
-    if (!recording.hasHand(side)) {
-        throw InputError(fmt::format("{}: {}: the recording '{}' has no {} hand", scene.file, key,
-                                     recording.name, nameOf(side)));
-    }
-}
-
 } // namespace
 
 Scene parseScene(const std::string& name, std::string_view text)
@@ -344,30 +329,35 @@ Scene loadScene(const std::string& path)
 
 void checkScene(const Scene& scene, const Recording& recording)
 {
+    const auto fail = [&](const std::string& key, const std::string& missing) {
+        throw InputError(
+            fmt::format("{}: {}: the recording '{}' has no {}", scene.file, key, recording.name, missing));
+    };
+    const auto requireHand = [&](const std::string& key, Side side) {
+        if (!recording.hasHand(side)) {
+            fail(key, fmt::format("{} hand", nameOf(side)));
+        }
+    };
+    const auto requireHands = [&](const char* key, const auto& entries, auto sideOf) {
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            requireHand(fmt::format("{}[{}].hand", key, i), sideOf(entries[i]));
+        }
+    };
+
     for (std::size_t i = 0; i < scene.rays.size(); ++i) {
         const std::string key = fmt::format("rays[{}].driver", i);
         if (const auto* pair = std::get_if<JointPair>(&scene.rays[i].driver)) {
-            requireHand(scene, key, pair->side, recording);
+            requireHand(key, pair->side);
         } else if (!recording.hasDevices()) {
-            throw InputError(
-                fmt::format("{}: {}: the recording '{}' has no devices", scene.file, key, recording.name));
+            fail(key, "devices");
         }
     }
-    for (std::size_t i = 0; i < scene.fingertips.size(); ++i) {
-        requireHand(scene, fmt::format("fingertips[{}].hand", i), scene.fingertips[i].side, recording);
-    }
-    for (std::size_t i = 0; i < scene.hands.size(); ++i) {
-        requireHand(scene, fmt::format("hands[{}].hand", i), scene.hands[i].side, recording);
-    }
-    for (std::size_t i = 0; i < scene.pinches.size(); ++i) {
-        requireHand(scene, fmt::format("pinches[{}].hand", i), scene.pinches[i].side, recording);
-    }
-    for (std::size_t i = 0; i < scene.palms.size(); ++i) {
-        requireHand(scene, fmt::format("palms[{}].hand", i), scene.palms[i].side, recording);
-    }
-    for (std::size_t i = 0; i < scene.directions.size(); ++i) {
-        requireHand(scene, fmt::format("directions[{}].hand", i), scene.directions[i].pair.side, recording);
-    }
+    const auto side = [](const auto& entry) { return entry.side; };
+    requireHands("fingertips", scene.fingertips, side);
+    requireHands("hands", scene.hands, side);
+    requireHands("pinches", scene.pinches, side);
+    requireHands("palms", scene.palms, side);
+    requireHands("directions", scene.directions, [](const auto& entry) { return entry.pair.side; });
 }
 
 } // namespace velk_tools

@@ -1,7 +1,7 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
-#include "host/Printable.h"
+#include "host/InputError.h"
 
 #include <fmt/format.h>
 
