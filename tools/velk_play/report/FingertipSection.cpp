@@ -47,8 +47,8 @@ std::string heightPlot(const ReportData& data, std::size_t i)
     });
     Range y = rangeOf({height});
     y = {std::min(y.low, -5.0), std::max(y.high, 5.0)};
-    Plot plot({kWide, 250, fmt::format("{}: height of the skin over the surface at hand", fingertip.name),
-               "time (s)", "mm", data.time(), y});
+    const std::string title = fmt::format("{}: height of the skin over the surface at hand", fingertip.name);
+    Plot plot({kWide, 250, title, "mm", data.time(), y});
     for (const auto& run : runsOf(data, [i](const Observation& seen) {
              return std::pair(seen.fingertips[i].state, seen.fingertips[i].target);
          })) {
@@ -71,11 +71,11 @@ std::string heightPlot(const ReportData& data, std::size_t i)
         // A fingertip that is lost has no height any more: its release is marked where it was last.
         const bool lost = std::isnan(height[change.frame].y) && change.frame > 0;
         const Point at{change.time, height[change.frame - (lost ? 1 : 0)].y};
-        const std::string title = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
+        const std::string where = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
         if (change.to == State::Select) {
-            plot.mark(at, Mark::Down, "press", "press: " + title);
+            plot.mark(at, Mark::Down, "press", "press: " + where);
         } else if (change.from == State::Select) {
-            plot.mark(at, Mark::Up, "release", "release: " + title);
+            plot.mark(at, Mark::Up, "release", "release: " + where);
         }
     }
     return figure(plot.take());
@@ -97,19 +97,14 @@ std::string travelPlot(const ReportData& data, const std::set<std::size_t>& patc
 {
     double most = 0;
     for (const std::size_t p : patches) {
-        most = std::max(
-            most, data.scene.patches[p].button ? data.scene.patches[p].button->travel * kMillimetres : 0);
+        const float travel = data.scene.patches[p].button.value_or(Button{}).travel;
+        most = std::max(most, travel * kMillimetres);
     }
     if (!(most > 0)) {
         return {};
     }
-    Plot plot({kWide,
-               150,
-               "Height of the button's cap",
-               "time (s)",
-               "mm",
-               data.time(),
-               {-0.06 * most, 1.1 * most}});
+    const Range height{-0.06 * most, 1.1 * most};
+    Plot plot({kWide, 150, "Height of the button's cap", "mm", data.time(), height});
     std::size_t colour = 0;
     for (const std::size_t p : patches) {
         if (data.scene.patches[p].button) {
@@ -124,9 +119,7 @@ std::string travelPlot(const ReportData& data, const std::set<std::size_t>& patc
 /// A square view around points, at least a few millimetres wide.
 std::pair<Range, Range> squareAround(const std::vector<Point>& points)
 {
-    std::vector<Point> turned(points.size());
-    std::transform(points.begin(), points.end(), turned.begin(), [](Point p) { return Point{p.y, p.x}; });
-    const Range x = rangeOf({turned}, 0.12);
+    const Range x = rangeOf({points}, 0.12, &Point::x);
     const Range y = rangeOf({points}, 0.12);
     const double half = std::max({x.size(), y.size(), kLeastTouchView}) / 2;
     const double middleX = (x.low + x.high) / 2;
@@ -156,8 +149,8 @@ std::string touchPlot(const ReportData& data, std::size_t i, const std::set<std:
         return {};
     }
     const auto [x, y] = squareAround(seenPoints);
-    Plot plot(
-        {kNarrow, heightForEqualScale(kNarrow, x, y), "Touch points", "along the surface (mm)", "mm", x, y});
+    const double tall = heightForEqualScale(kNarrow, x, y);
+    Plot plot({kNarrow, tall, "Touch points", "mm", x, y, "along the surface (mm)"});
     for (const std::size_t p : patches) {
         std::vector<Point> outline;
         for (const Vec3 corner : cornersOf(data.scene.patches[p])) {

@@ -100,7 +100,7 @@ std::string pairPlot(const std::string& title, const std::string& unit, Range ti
 {
     const auto rawPart = cut(raw, time);
     const auto filteredPart = cut(filtered, time);
-    Plot plot({width, kHeight, title, "time (s)", unit, time, rangeOf({rawPart, filteredPart})});
+    Plot plot({width, kHeight, title, unit, time, rangeOf({rawPart, filteredPart})});
     plot.line(rawPart, "line thin grey", "recorded");
     plot.line(filteredPart, "line c1", "filtered");
     return figure(plot.take());
@@ -142,7 +142,7 @@ std::string filterPart(const ReportData& data, std::size_t i)
 std::string pressPlot(const char* title, Range time, const std::vector<Run<VelkInteractorState>>& states,
                       const std::vector<Point>& real, const std::vector<Point>& drawn)
 {
-    Plot plot({kWidth, 230, title, "time (s)", "mm", time, rangeOf({real, drawn})});
+    Plot plot({kWidth, 230, title, "mm", time, rangeOf({real, drawn})});
     for (const auto& run : states) {
         plot.band(run.time, softStyleOf(stateOf(run.value)), nameOf(stateOf(run.value)));
     }

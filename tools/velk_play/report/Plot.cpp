@@ -152,13 +152,13 @@ std::string Plot::take()
     return svg_.take();
 }
 
-Range rangeOf(const std::vector<std::vector<Point>>& curves, double margin)
+Range rangeOf(const std::vector<std::vector<Point>>& curves, double margin, double Point::*axis)
 {
     Range range{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
     for (const std::vector<Point>& curve : curves) {
         for (const Point& point : curve) {
-            range.low = std::isnan(point.y) ? range.low : std::min(range.low, point.y);
-            range.high = std::isnan(point.y) ? range.high : std::max(range.high, point.y);
+            range.low = std::fmin(range.low, point.*axis); // which passes a gap over
+            range.high = std::fmax(range.high, point.*axis);
         }
     }
     if (range.low > range.high) {

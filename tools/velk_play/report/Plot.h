@@ -26,10 +26,10 @@ struct PlotLayout
     double width;
     double height;
     std::string title;
-    std::string xLabel;
     std::string yLabel;
     Range x;
     Range y;
+    std::string xLabel = "time (s)";
 };
 
 /// A chart with labelled axes, a grid and a legend. What is added later lies on top.
@@ -65,8 +65,10 @@ private:
     std::vector<std::pair<std::string, std::string>> legend_;
 };
 
-/// The range of curves' heights, a little widened. Gaps don't count; nothing gives 0 to 1.
-Range rangeOf(const std::vector<std::vector<Point>>& curves, double margin = 0.06);
+/// The range of curves' heights, or along another axis, a little widened. Gaps don't count; nothing gives 0
+/// to 1.
+Range rangeOf(const std::vector<std::vector<Point>>& curves, double margin = 0.06,
+              double Point::*axis = &Point::y);
 
 /// What holds, and from when to when.
 std::string bandTitle(std::string_view what, Range time);

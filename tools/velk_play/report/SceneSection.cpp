@@ -135,17 +135,13 @@ void drawRay(Plot& plot, const View& view, const ReportData& data, std::size_t i
 {
     const std::string& name = data.scene.rays[i].name;
     const std::string colour = fmt::format("c{}", (i + 1) % 5);
-    plot.line(project(view,
-                      [&] {
-                          std::vector<Vec3> path;
-                          for (const Observation& seen : data.frames) {
-                              if (seen.rays[i].tracked) {
-                                  path.push_back(seen.rays[i].origin);
-                              }
-                          }
-                          return path;
-                      }()),
-              "line thin faint " + colour, name);
+    std::vector<Point> path;
+    for (const Observation& seen : data.frames) {
+        if (seen.rays[i].tracked) {
+            path.push_back(view.project(seen.rays[i].origin));
+        }
+    }
+    plot.line(path, "line thin faint " + colour, name);
     const std::size_t step = data.frames.size() / kMostHits + 1;
     bool wasSelecting = false;
     for (std::size_t frame = 0; frame < data.frames.size(); ++frame) {
@@ -182,12 +178,9 @@ void drawFingertip(Plot& plot, const View& view, const ReportData& data, std::si
 
 std::string drawView(const ReportData& data, const View& view, const std::vector<Point>& points)
 {
-    Range x = rangeOf({[&] {
-        std::vector<Point> turned(points.size());
-        std::transform(points.begin(), points.end(), turned.begin(), [](Point p) { return Point{0, p.x}; });
-        return turned;
-    }()});
-    Range y = rangeOf({points});
+    constexpr double kMargin = 0.06;
+    Range x = rangeOf({points}, kMargin, &Point::x);
+    Range y = rangeOf({points}, kMargin);
     // A view much taller than wide is widened, so that all views stay about the same size.
     const double missing = (y.size() * kWidth / kTallest - x.size()) / 2;
     if (missing > 0) {
@@ -196,7 +189,7 @@ std::string drawView(const ReportData& data, const View& view, const std::vector
     if (view.downwards) {
         std::swap(y.low, y.high);
     }
-    Plot plot({kWidth, heightForEqualScale(kWidth, x, y), view.title, view.xLabel, view.yLabel, x, y});
+    Plot plot({kWidth, heightForEqualScale(kWidth, x, y), view.title, view.yLabel, x, y, view.xLabel});
     const double letter = x.size() / 40;
     drawShapes(plot, view, data.scene.panels, letter);
     drawShapes(plot, view, data.scene.boxes, letter);

@@ -17,6 +17,7 @@ namespace
 
 constexpr double kWidth = 530;
 constexpr double kHeight = 180;
+constexpr Range kScores{-0.06, 1.12}; // room around 0 and 1
 
 struct Level
 {
@@ -51,13 +52,8 @@ std::string gripPlots(const ReportData& data, Kind kind, const std::vector<GripT
             const auto score = curveOf(data, [&](const Observation& seen) -> double {
                 return (seen.*views)[i].tracked ? (seen.*views)[i].scores[finger] : kGap;
             });
-            Plot plot({kWidth,
-                       kHeight,
-                       fmt::format("{}, {}", name, nameOf(kind)),
-                       "time (s)",
-                       "score",
-                       data.time(),
-                       {-0.06, 1.12}});
+            const std::string title = fmt::format("{}, {}", name, nameOf(kind));
+            Plot plot({kWidth, kHeight, title, "score", data.time(), kScores});
             for (const auto& run : runsOf(
                      data, [&](const Observation& seen) -> bool { return (seen.*views)[i].holds[finger]; })) {
                 const State state = stateOf(kind, run.value);
@@ -84,13 +80,8 @@ std::string directionPlots(const ReportData& data)
             return seen.directions[i].tracked ? static_cast<double>(seen.directions[i].angle) : kGap;
         });
         const double top = std::max({rangeOf({angle}).high, static_cast<double>(track.farAngle) * 1.1, 10.0});
-        Plot plot({1080,
-                   230,
-                   track.name + ": angle off the reference",
-                   "time (s)",
-                   "degrees",
-                   data.time(),
-                   {0, top}});
+        const Range degrees{0, top};
+        Plot plot({1080, 230, track.name + ": angle off the reference", "degrees", data.time(), degrees});
         for (const auto& run : runsOf(data, [i](const Observation& seen) {
                  return std::pair(seen.directions[i].active, seen.directions[i].alignment);
              })) {
