@@ -6,8 +6,8 @@
 #include <exception>
 #include <list>
 #include <memory>
+#include <stdexcept>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -145,10 +145,7 @@ int guardedMain(int argc, char** argv, Options& options)
         }
         fmt::print(stderr, "velk-play: {}; --help tells more\n", printable(error.what()));
         return kBadInput;
-    } catch (const InputError& error) {
-        fmt::print(stderr, "velk-play: {}\n", error.what());
-        return kBadInput;
-    } catch (const std::system_error& error) { // standard output, which is full or closed
+    } catch (const std::runtime_error& error) { // an InputError, or standard output that is full or closed
         fmt::print(stderr, "velk-play: {}\n", error.what());
         return kBadInput;
     } catch (const std::exception& error) {

@@ -6,14 +6,7 @@
 #include <cstdio>
 
 #include <fmt/format.h>
-
-#if defined(_WIN32)
-#include <io.h>
-#define isatty _isatty
-#define fileno _fileno
-#else
 #include <unistd.h>
-#endif
 
 namespace velk_tools
 {
@@ -28,7 +21,7 @@ constexpr std::chrono::milliseconds kInterval{100};
 
 Progress::Progress(std::size_t total)
     : total_(total)
-    , watched_(isatty(fileno(stderr)) != 0)
+    , watched_(isatty(STDERR_FILENO) != 0)
     , next_(std::chrono::steady_clock::now() + kFirst)
 {
 }

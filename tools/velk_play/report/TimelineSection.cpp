@@ -21,34 +21,19 @@ constexpr double kRow = 24;
 constexpr double kBar = 16;
 constexpr double kBottom = 38;
 
-struct Band
+/// The bands of one of those that are watched, `y` being their upper edge.
+void drawBands(Svg& svg, const ReportData& data, const Watched& who, double scale, double y)
 {
-    Range time;
-    std::string_view style;
-    std::string title;
-};
-
-struct Lane
-{
-    std::string name;
-    std::vector<Band> bands;
-};
-
-std::vector<Lane> lanesOf(const ReportData& data)
-{
-    std::vector<Lane> lanes;
-    for (const Watched& who : data.watched) {
-        Lane& lane = lanes.emplace_back(Lane{fmt::format("{} {}", nameOf(who.kind), who.name), {}});
-        for (const auto& run : runsOf(data, who.doing)) {
-            const auto [seen, index] = run.value;
-            const State state = seen == State::Open ? State::Off : seen; // one word for all that doesn't hold
-            const std::string target = targetName(data.scene, who.kind, index);
-            const std::string what =
-                target.empty() ? std::string(nameOf(state)) : fmt::format("{} on {}", nameOf(state), target);
-            lane.bands.push_back({run.time, styleOf(state), bandTitle(what, run.time)});
+    for (const auto& [time, doing] : runsOf(data, who.doing)) {
+        // One word for all that doesn't hold.
+        const State state = doing.state == State::Open ? State::Off : doing.state;
+        std::string what(nameOf(state));
+        if (const std::string target = targetName(data.scene, who.kind, doing.target); !target.empty()) {
+            what += " on " + target;
         }
+        svg.rect(kLabels + (time.low - data.time().low) * scale, y, std::max(time.size() * scale, 0.8), kBar,
+                 styleOf(state), bandTitle(what, time));
     }
-    return lanes;
 }
 
 void drawLegend(Svg& svg)
@@ -63,9 +48,9 @@ void drawLegend(Svg& svg)
     }
 }
 
-std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
+std::string drawLanes(const ReportData& data)
 {
-    const double height = kTop + kRow * static_cast<double>(lanes.size()) + kBottom;
+    const double height = kTop + kRow * static_cast<double>(data.watched.size()) + kBottom;
     const Range time = data.time();
     const double scale = (kWidth - kLabels - kRight) / time.size();
     const auto pixel = [&](double t) { return kLabels + (t - time.low) * scale; };
@@ -78,13 +63,12 @@ std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
         svg.text({pixel(tick), height - kBottom + 18}, Anchor::Middle, "tick",
                  tickText(tick, ticks.size() > 1 ? ticks[1] - ticks[0] : 1));
     }
-    for (std::size_t i = 0; i < lanes.size(); ++i) {
-        const double y = kTop + kRow * static_cast<double>(i) + (kRow - kBar) / 2;
-        svg.text({kLabels - 8, y + 12}, Anchor::End, "name", lanes[i].name);
-        for (const Band& band : lanes[i].bands) {
-            svg.rect(pixel(band.time.low), y, std::max(band.time.size() * scale, 0.8), kBar, band.style,
-                     band.title);
-        }
+    double y = kTop + (kRow - kBar) / 2;
+    for (const Watched& who : data.watched) {
+        svg.text({kLabels - 8, y + 12}, Anchor::End, "name",
+                 fmt::format("{} {}", nameOf(who.kind), who.name));
+        drawBands(svg, data, who, scale, y);
+        y += kRow;
     }
     svg.text({kWidth - kRight, height - 4}, Anchor::End, "label", "time (s)");
     return svg.take();
@@ -94,14 +78,13 @@ std::string drawLanes(const ReportData& data, const std::vector<Lane>& lanes)
 
 std::string timelineSection(const ReportData& data)
 {
-    const std::vector<Lane> lanes = lanesOf(data);
-    if (lanes.empty() || !(data.time().size() > 0)) {
+    if (data.watched.empty() || !(data.time().size() > 0)) {
         return {};
     }
     return section(
         "Timeline",
         "What each of them does, and when. Rest the pointer on a band for its times and its target.",
-        figure(drawLanes(data, lanes)));
+        figure(drawLanes(data)));
 }
 
 } // namespace velk_tools

@@ -3,6 +3,8 @@
 
 #include "world/Targets.h"
 
+#include <algorithm>
+
 namespace velk_tools
 {
 
@@ -11,12 +13,8 @@ namespace
 
 int findHandle(const std::vector<Interactable>& interactables, VelkInteractableHandle handle)
 {
-    for (std::size_t i = 0; i < interactables.size(); ++i) {
-        if (interactables[i] == handle) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
+    const auto found = std::find(interactables.begin(), interactables.end(), handle);
+    return found == interactables.end() ? -1 : static_cast<int>(found - interactables.begin());
 }
 
 } // namespace
