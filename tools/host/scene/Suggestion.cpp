@@ -20,7 +20,7 @@ char lowered(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Row by row: each entry is the distance between the first letters of `a` and those of `b`.
+/// The optimal string alignment distance, row by row: each entry is that of the first letters of `a` and `b`.
 std::size_t editDistance(std::string_view a, std::string_view b)
 {
     std::vector<std::size_t> beforeLast;

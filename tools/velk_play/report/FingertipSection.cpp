@@ -36,6 +36,25 @@ const Patch& patchFor(const ReportData& data, const FingertipView& tip)
     });
 }
 
+void markPresses(Plot& plot, const ReportData& data, const Fingertip& fingertip,
+                 const std::vector<Point>& height)
+{
+    for (const Transition& change : data.changes) {
+        if (change.kind != Kind::Fingertip || change.name != fingertip.name) {
+            continue;
+        }
+        // A fingertip that is lost has no height any more: its release is marked where it was last.
+        const bool lost = std::isnan(height[change.frame].y) && change.frame > 0;
+        const Point at{change.time, height[change.frame - (lost ? 1 : 0)].y};
+        const std::string where = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
+        if (change.to == State::Select) {
+            plot.mark(at, Mark::Down, "press", "press: " + where);
+        } else if (change.from == State::Select) {
+            plot.mark(at, Mark::Up, "release", "release: " + where);
+        }
+    }
+}
+
 std::string heightPlot(const ReportData& data, std::size_t i)
 {
     const Fingertip& fingertip = data.scene.fingertips[i];
@@ -64,20 +83,7 @@ std::string heightPlot(const ReportData& data, std::size_t i)
     }
     plot.legend(softStyleOf(State::Hover), "hover");
     plot.legend(softStyleOf(State::Select), "press");
-    for (const Transition& change : data.changes) {
-        if (change.kind != Kind::Fingertip || change.name != fingertip.name) {
-            continue;
-        }
-        // A fingertip that is lost has no height any more: its release is marked where it was last.
-        const bool lost = std::isnan(height[change.frame].y) && change.frame > 0;
-        const Point at{change.time, height[change.frame - (lost ? 1 : 0)].y};
-        const std::string where = fmt::format("{:.3f} s, {:.1f} mm, {}", at.x, at.y, change.target);
-        if (change.to == State::Select) {
-            plot.mark(at, Mark::Down, "press", "press: " + where);
-        } else if (change.from == State::Select) {
-            plot.mark(at, Mark::Up, "release", "release: " + where);
-        }
-    }
+    markPresses(plot, data, fingertip, height);
     return figure(plot.take());
 }
 

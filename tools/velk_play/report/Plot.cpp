@@ -4,6 +4,7 @@
 #include "report/Plot.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -186,8 +187,8 @@ std::vector<double> ticksFor(Range range, double count)
     const auto [low, high] = std::minmax(range.low, range.high);
     const double rough = (high - low) / std::max(count, 2.0);
     const double power = std::pow(10, std::floor(std::log10(rough)));
-    const double lead = rough / power;
-    const double step = power * (lead <= 1 ? 1 : lead <= 2 ? 2 : lead <= 5 ? 5 : 10);
+    constexpr std::array<double, 4> kRound{1, 2, 5, 10};
+    const double step = power * *std::lower_bound(kRound.begin(), kRound.end() - 1, rough / power);
     std::vector<double> ticks;
     for (double i = std::ceil(low / step); i * step <= high; ++i) {
         ticks.push_back(i * step);

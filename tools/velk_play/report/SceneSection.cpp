@@ -91,7 +91,7 @@ double cross(Point a, Point b, Point c)
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
-/// The outline of what the points enclose.
+/// The convex hull, by Andrew's monotone chain: one pass for each of its two sides.
 std::vector<Point> outline(std::vector<Point> points)
 {
     std::sort(points.begin(), points.end(),

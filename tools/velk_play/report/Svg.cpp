@@ -39,24 +39,12 @@ std::string coordinates(const std::vector<Point>& points)
 
 std::string escaped(std::string_view text)
 {
+    constexpr std::string_view kSpecial = "<>&\"";
+    constexpr std::array<std::string_view, 4> kEntities{"&lt;", "&gt;", "&amp;", "&quot;"};
     std::string result;
     for (const char c : text) {
-        switch (c) {
-        case '<':
-            result += "&lt;";
-            break;
-        case '>':
-            result += "&gt;";
-            break;
-        case '&':
-            result += "&amp;";
-            break;
-        case '"':
-            result += "&quot;";
-            break;
-        default:
-            result += c;
-        }
+        const std::size_t i = kSpecial.find(c);
+        result += i == std::string_view::npos ? std::string_view(&c, 1) : kEntities[i];
     }
     return result;
 }
