@@ -13,8 +13,8 @@ namespace velk::compare
 namespace
 {
 
-constexpr float kReach = 10.0f;       // metres, of rays
-constexpr float kPokeRadius = 0.035f; // metres, of the sphere in whose reach a key must be
+constexpr float kReach = 10.0f;      // metres, of rays
+constexpr float kPokeRadius = 0.06f; // metres, of the sphere in whose reach a key must be
 
 btTransform toBullet(const talpPosef& pose)
 {
