@@ -108,13 +108,12 @@ std::string table(const std::vector<std::string>& head, const std::vector<std::v
     return html + "</table></div>\n";
 }
 
-std::string page(const std::string& title, const std::string& body)
+std::string pageBegin(const std::string& title)
 {
-    return fmt::format(
-        "<!doctype html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-        "<title>{}</title>\n<style>{}</style>\n</head>\n<body>\n<main>\n{}</main>\n</body>\n</html>\n",
-        escaped(title), kStyle, body);
+    return fmt::format("<!doctype html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+                       "<title>{}</title>\n<style>{}</style>\n</head>\n<body>\n<main>\n",
+                       escaped(title), kStyle);
 }
 
 } // namespace velk_tools

@@ -24,7 +24,8 @@ std::string table(const std::vector<std::string>& head, const std::vector<std::v
 std::string_view styleOf(State state);
 std::string softStyleOf(State state);
 
-/// The whole page.
-std::string page(const std::string& title, const std::string& body);
+/// What stands before the page's sections and behind them.
+std::string pageBegin(const std::string& title);
+inline constexpr std::string_view kPageEnd = "</main>\n</body>\n</html>\n";
 
 } // namespace velk_tools

@@ -29,9 +29,12 @@ public:
     void end(const Summary& summary) override
     {
         data_.summary = summary;
-        const std::string body = summarySection(data_) + timelineSection(data_) + sceneSection(data_) +
-                                 fingertipSection(data_) + handSection(data_) + trackSection(data_);
-        file_.write(page(data_.scene.title.empty() ? data_.recording : data_.scene.title, body));
+        file_.write(pageBegin(data_.scene.title.empty() ? data_.recording : data_.scene.title));
+        for (const auto section :
+             {summarySection, timelineSection, sceneSection, fingertipSection, handSection, trackSection}) {
+            file_.write(section(data_));
+        }
+        file_.write(kPageEnd);
     }
 
 private:
