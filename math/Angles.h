@@ -13,7 +13,7 @@
 // double arithmetic inside errs by less than 2^-37 of the answer; what is left is the rounding to float. NaN,
 // infinities, zeros and the ends of the ranges give what ISO C, annex F, asks for. Short cuts and the
 // reduction of large angles aside nothing branches, so that vector lanes can do the same; short cuts change
-// no bit.
+// no bit. What lanes share is a template: its `Double` is a double, or lanes of them.
 //
 // The errors are in units in the last place, as `scripts/angles accuracy` measures them: over all floats, and
 // for the arc tangent over all quotients that are floats and 142 million points. `scripts/angles fit`
@@ -25,6 +25,21 @@ inline constexpr double kPi = 0x1.921fb54442d18p+1;
 inline constexpr double kHalfPi = 0x1.921fb54442d18p+0;
 inline constexpr double kQuarterPi = 0x1.921fb54442d18p-1;
 
+inline double absolute(double x)
+{
+    return std::fabs(x);
+}
+
+inline double squareRoot(double x)
+{
+    return std::sqrt(x);
+}
+
+inline double select(bool condition, double yes, double no)
+{
+    return condition ? yes : no;
+}
+
 /// An angle of `rest` radians, at most pi/4 either way, and `quarters` quarter turns, of which the last two
 /// bits count.
 struct ReducedAngle
@@ -33,18 +48,33 @@ struct ReducedAngle
     std::uint32_t quarters;
 };
 
-/// For less than 2^20 quarter turns: pi/2 in two parts, the first of which takes a whole number of 20 bits
-/// exactly (W. J. Cody, W. Waite, "Software Manual for the Elementary Functions", 1980).
-inline ReducedAngle reduceOrdinary(double angle)
+// Added to it, a number is rounded to a whole one, whose last bits are then the last bits of the sum.
+inline constexpr double kRounder = 0x1.8p52;
+
+/// The quarter turns of an angle, rounded to a whole number, on top of kRounder.
+template <typename Double>
+Double shiftedQuarters(Double angle)
 {
     constexpr double kQuartersPerRadian = 0x1.45f306dc9c883p-1;
+    return angle * kQuartersPerRadian + kRounder;
+}
+
+/// What is left of an angle of less than 2^20 quarter turns: pi/2 in two parts, the first of which takes a
+/// whole number of 20 bits exactly (W. J. Cody, W. Waite, "Software Manual for the Elementary Functions",
+/// 1980).
+template <typename Double>
+Double restOfOrdinary(Double angle, Double shifted)
+{
     constexpr double kHalfPiHead = 0x1.921fb544p+0; // 33 bits
     constexpr double kHalfPiTail = 0x1.0b4611a626331p-34;
-    // Added to it, a number is rounded to a whole one, whose last bits are then the last bits of the sum.
-    constexpr double kRounder = 0x1.8p52;
-    const double shifted = angle * kQuartersPerRadian + kRounder;
-    const double count = shifted - kRounder;
-    return {(angle - count * kHalfPiHead) - count * kHalfPiTail,
+    const Double count = shifted - kRounder;
+    return (angle - count * kHalfPiHead) - count * kHalfPiTail;
+}
+
+inline ReducedAngle reduceOrdinary(double angle)
+{
+    const double shifted = shiftedQuarters(angle);
+    return {restOfOrdinary(angle, shifted),
             static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(shifted))};
 }
 
@@ -76,9 +106,10 @@ inline ReducedAngle reduceLarge(float angle)
     return angle < 0.0f ? ReducedAngle{-rest, 0U - quarters} : ReducedAngle{rest, quarters};
 }
 
+inline constexpr float kLarge = 0x1p20f; // radians
+
 inline ReducedAngle reduce(float angle)
 {
-    constexpr float kLarge = 0x1p20f;
     const float size = std::fabs(angle);
     const bool isLarge = size >= kLarge && size <= std::numeric_limits<float>::max();
     return isLarge ? reduceLarge(angle) : reduceOrdinary(static_cast<double>(angle));
@@ -91,16 +122,26 @@ struct SineAndCosine
 };
 
 /// Of at most pi/4 either way. The polynomials err by 2^-37.5 and 2^-43.6.
-inline SineAndCosine sinCosOfRest(double r)
+template <typename Double>
+void sinCosOfRest(Double r, Double& sine, Double& cosine)
 {
-    const double z = r * r;
-    const double zz = z * z;
-    const double s = (-0x1.5555554c71cbap-3 + z * 0x1.1111086a5d40fp-7) +
+    const Double z = r * r;
+    const Double zz = z * z;
+    const Double s = (-0x1.5555554c71cbap-3 + z * 0x1.1111086a5d40fp-7) +
                      zz * (-0x1.a00f7f2566994p-13 + z * 0x1.6cd1f1e107de7p-19);
-    const double c =
+    const Double c =
         (-0x1.ffffffffe98aep-2 + z * 0x1.55555545c50b3p-5) +
         zz * ((-0x1.6c16b348b5961p-10 + z * 0x1.a00eb9abbccb3p-16) + zz * -0x1.23c97dbf24f19p-22);
-    return {static_cast<float>(r * (1.0 + z * s)), static_cast<float>(1.0 + z * c)};
+    sine = r * (1.0 + z * s);
+    cosine = 1.0 + z * c;
+}
+
+inline SineAndCosine sinCosOfRest(double r)
+{
+    double sine = 0.0;
+    double cosine = 0.0;
+    sinCosOfRest(r, sine, cosine);
+    return {static_cast<float>(sine), static_cast<float>(cosine)};
 }
 
 /// Of an angle in radians. Both err by up to 0.50008 units.
@@ -124,37 +165,66 @@ inline SineAndCosine SinCos(float angle)
             std::bit_cast<float>(cosine ^ swapped ^ cosineSign)};
 }
 
-/// The angle in radians, from 0 to pi, whose cosine is x; NaN beyond -1..1. Errs by up to 0.50002 units.
-inline float ArcCos(float x)
+template <typename Double>
+Double arcCosOf(Double x)
 {
-    const double size = std::fabs(static_cast<double>(x));
+    const Double size = absolute(x);
     // Near the ends, half of the angle has the sine sqrt((1 - size) / 2).
-    const bool isNearEnd = size > 0.5;
-    const double z = isNearEnd ? 0.5 - 0.5 * size : size * size;
-    const double s = isNearEnd ? std::sqrt(z) : size;
-    const double zz = z * z;
+    const auto isNearEnd = size > 0.5;
+    const Double z = select(isNearEnd, 0.5 - 0.5 * size, size * size);
+    const Double s = select(isNearEnd, squareRoot(z), size);
+    const Double zz = z * z;
     // The arc sine, up to pi/6. It errs by 2^-39.9.
-    const double p = ((0x1.55555547de741p-3 + z * 0x1.3333408753c87p-4) +
+    const Double p = ((0x1.55555547de741p-3 + z * 0x1.3333408753c87p-4) +
                       zz * (0x1.6db25ce71bad3p-5 + z * 0x1.f2819ea690ae4p-6)) +
                      (zz * zz) * ((0x1.6643de02af026p-6 + z * 0x1.522e99e9b40bcp-6) +
                                   zz * (0x1.05465861eca78p-9 + z * 0x1.0d7ce4957d1cbp-5));
-    const double arc = s * (1.0 + z * p);
-    const double angle = isNearEnd ? 2.0 * arc : kHalfPi - arc;
-    return static_cast<float>(x < 0.0f ? kPi - angle : angle);
+    const Double arc = s * (1.0 + z * p);
+    const Double angle = select(isNearEnd, 2.0 * arc, kHalfPi - arc);
+    return select(x < 0.0, kPi - angle, angle);
+}
+
+/// The angle in radians, from 0 to pi, whose cosine is x; NaN beyond -1..1. Errs by up to 0.50002 units.
+inline float ArcCos(float x)
+{
+    return static_cast<float>(arcCosOf(static_cast<double>(x)));
 }
 
 inline constexpr double kTanOfHalfQuarter = 0x1.a827999fcef32p-2; // tan(pi/8)
 
 /// Of at most tan(pi/8) either way. The polynomial errs by 2^-40.2.
-inline double arcTanOfSmall(double t)
+template <typename Double>
+Double arcTanOfSmall(Double t)
 {
-    const double z = t * t;
-    const double zz = z * z;
-    const double p =
+    const Double z = t * t;
+    const Double zz = z * z;
+    const Double p =
         ((-0x1.5555554edf7ep-2 + z * 0x1.999991fc4b778p-3) +
          zz * (-0x1.2490c30c4e7bap-3 + z * 0x1.c6d1ec97baedbp-4)) +
         (zz * zz) * ((-0x1.7082c0f2e082bp-4 + z * 0x1.1e5c76bc1ddd7p-4) + zz * -0x1.36adf3bebd17ap-5);
     return t * (1.0 + z * p);
+}
+
+/// The size of the angle of a point so far from the axes; `isLeft` where its x has a minus sign.
+template <typename Double, typename Condition>
+Double arcTan2Of(Double ySize, Double xSize, Condition isLeft)
+{
+    // What is infinite is far longer than any float, and as long as what else is infinite.
+    constexpr double kInfinite = 0x1p400;
+    const Double width = select(xSize > kInfinite, kInfinite, xSize);
+    const Double height = select(ySize > kInfinite, kInfinite, ySize);
+    const auto isSteep = height > width;
+    const Double longer = select(isSteep, height, width);
+    const Double shorter = select(isSteep, width, height);
+
+    // tan(a - pi/4) = (tan(a) - 1) / (tan(a) + 1), so the tangent stays within tan(pi/8) either way.
+    const auto isDiagonal = shorter > longer * kTanOfHalfQuarter;
+    const Double numerator = select(isDiagonal, shorter - longer, shorter);
+    const Double denominator = select(isDiagonal, shorter + longer, longer);
+    const Double small = arcTanOfSmall(numerator / select(denominator == 0.0, 1.0, denominator));
+    const Double arc = small + select(isDiagonal, kQuarterPi, 0.0);
+    const Double upright = select(isSteep, kHalfPi - arc, arc);
+    return select(isLeft, kPi - upright, upright);
 }
 
 /// The angle in radians, from -pi to pi, of the point (x, y) about the origin, from the axis of x toward that
@@ -168,23 +238,7 @@ inline float ArcTan2(float y, float x)
     if (x > 0.0f && isFinite && ySize < xSize * kTanOfHalfQuarter) {
         return static_cast<float>(arcTanOfSmall(static_cast<double>(y) / static_cast<double>(x)));
     }
-
-    // What is infinite is far longer than any float, and as long as what else is infinite.
-    constexpr double kInfinite = 0x1p400;
-    const double width = xSize > kInfinite ? kInfinite : xSize;
-    const double height = ySize > kInfinite ? kInfinite : ySize;
-    const bool isSteep = height > width;
-    const double longer = isSteep ? height : width;
-    const double shorter = isSteep ? width : height;
-
-    // tan(a - pi/4) = (tan(a) - 1) / (tan(a) + 1), so the tangent stays within tan(pi/8) either way.
-    const bool isDiagonal = shorter > longer * kTanOfHalfQuarter;
-    const double numerator = isDiagonal ? shorter - longer : shorter;
-    const double denominator = isDiagonal ? shorter + longer : longer;
-    const double small = arcTanOfSmall(numerator / (denominator == 0.0 ? 1.0 : denominator));
-    const double arc = small + (isDiagonal ? kQuarterPi : 0.0);
-    const double upright = isSteep ? kHalfPi - arc : arc;
-    const double angle = std::signbit(x) ? kPi - upright : upright;
+    const double angle = arcTan2Of(ySize, xSize, std::signbit(x));
     return std::copysign(static_cast<float>(angle), y);
 }
 

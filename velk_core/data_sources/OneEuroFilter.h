@@ -44,6 +44,25 @@ public:
 
     T Last() const { return last_; }
 
+    /// What a filter knows of the values that it has had.
+    struct State
+    {
+        bool hasLast = false;
+        bool hasSpeed = false;
+        T last{};
+        T speed{};
+    };
+
+    State state() const { return {hasPrior_, dxFilter_.hasPrior, last_, dxFilter_.prior}; }
+
+    void setState(const State& state)
+    {
+        hasPrior_ = xFilter_.hasPrior = state.hasLast;
+        last_ = xFilter_.prior = state.last;
+        dxFilter_.hasPrior = state.hasSpeed;
+        dxFilter_.prior = state.speed;
+    }
+
     OneEuroParams params;
 
 private:

@@ -20,20 +20,18 @@ class SingleExpoFilter
 public:
     T Filter(T value, float deltaTime)
     {
-        if (hasPrior_) {
-            prior_ = TALF::lerp(prior_, value, TALF::cuttoffToGain(params.cutoff, deltaTime));
+        if (hasPrior) {
+            prior = TALF::lerp(prior, value, TALF::cuttoffToGain(params.cutoff, deltaTime));
         } else {
-            hasPrior_ = true;
-            prior_ = value;
+            hasPrior = true;
+            prior = value;
         }
-        return prior_;
+        return prior;
     }
 
     SingleExpoParams params;
-
-private:
-    bool hasPrior_ = false;
-    T prior_{};
+    bool hasPrior = false;
+    T prior{};
 };
 
 } // namespace TAL

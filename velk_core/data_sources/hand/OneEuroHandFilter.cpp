@@ -47,14 +47,20 @@ float atLeastTolerance(float value)
     return std::max(TAL::Math<float>::Tolerance(), value);
 }
 
+OneEuroParams paramsOf(const FilterPropertyBlock& properties)
+{
+    OneEuroParams params;
+    params.beta = properties.beta;
+    params.minCutoff = atLeastTolerance(properties.minCutoff);
+    params.dCutoff = atLeastTolerance(properties.dCutoff);
+    return params;
+}
+
 template <typename T>
 T applyOneEuroFilter(const T& value, OneEuroFilter<T>& filter, const FilterPropertyBlock& properties,
-                     float updateRate)
+                     float deltaTime)
 {
-    const float deltaTime = 1.0f / atLeastTolerance(updateRate);
-    filter.params.beta = properties.beta;
-    filter.params.minCutoff = atLeastTolerance(properties.minCutoff);
-    filter.params.dCutoff = atLeastTolerance(properties.dCutoff);
+    filter.params = paramsOf(properties);
     if (checkAllParamsValid(filter.params) && checkValueValid(value)) {
         return filter.Filter(value, deltaTime);
     }
@@ -111,15 +117,25 @@ OneEuroHandFilter::UpdateDataResult OneEuroHandFilter::applyModifications(Update
     }
     const HandData& input = source->getData();
     data_ = input;
+    const float deltaTime = 1.0f / atLeastTolerance(updateRate_);
     data_.rootPose.rotation = applyOneEuroFilter(input.rootPose.rotation.Normalized(), rootRotationFilter_,
-                                                 *rootRotationProperties_, updateRate_);
+                                                 *rootRotationProperties_, deltaTime);
     data_.rootPose.translation = applyOneEuroFilter(input.rootPose.translation, rootPositionFilter_,
-                                                    *rootPositionProperties_, updateRate_);
-    for (std::size_t i = 0; i < data_.joints.size(); ++i) {
-        data_.joints[i] = applyOneEuroFilter(input.joints[i].Normalized(), jointFilters_[i],
-                                             *jointRotationProperties_, updateRate_);
-    }
+                                                    *rootPositionProperties_, deltaTime);
+    filterJoints(input, deltaTime);
     return UpdateDataResult::Updated;
+}
+
+void OneEuroHandFilter::filterJoints(const HandData& input, float deltaTime)
+{
+    const OneEuroParams params = paramsOf(*jointRotationProperties_);
+    if (checkAllParamsValid(params)) {
+        jointFilters_.filter(input.joints.data(), data_.joints.data(), params, deltaTime);
+        return;
+    }
+    for (std::size_t i = 0; i < data_.joints.size(); ++i) {
+        data_.joints[i] = input.joints[i].Normalized();
+    }
 }
 
 } // namespace velk::data_source

@@ -7,12 +7,12 @@
 #include "velk_core/data_sources/DataModifier.h"
 #include "velk_core/data_sources/OneEuroFilter.h"
 #include "velk_core/data_sources/hand/FilterPropertyBlock.h"
+#include "velk_core/data_sources/hand/JointFilters.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 namespace velk::data_source
 {
@@ -53,9 +53,11 @@ public:
     UpdateDataResult applyModifications(UpdateDataResult sourceResult) override;
 
 private:
+    void filterJoints(const data::HandData& input, float deltaTime);
+
     TAL::OneEuroFilter<Quatf> rootRotationFilter_;
     TAL::OneEuroFilter<Vector3f> rootPositionFilter_;
-    std::vector<TAL::OneEuroFilter<Quatf>> jointFilters_;
+    JointFilters jointFilters_;
     std::unique_ptr<FilterPropertyBlock> rootPositionProperties_;
     std::unique_ptr<FilterPropertyBlock> rootRotationProperties_;
     std::unique_ptr<FilterPropertyBlock> jointRotationProperties_;
