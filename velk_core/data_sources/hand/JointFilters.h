@@ -13,7 +13,7 @@
 namespace velk::data_source
 {
 
-/// A one euro filter for each joint, eight at once where the processor can. The bits are those of
+/// A one euro filter for each joint, several at once where the processor can. The bits are those of
 /// OneEuroFilter, which stands in for the first frames of a joint and wherever lanes don't know the bits.
 class JointFilters
 {

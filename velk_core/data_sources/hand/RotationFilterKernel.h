@@ -96,42 +96,60 @@ F gainAt(const Rotations<F>& speed, const RotationFilterStep& step)
     return step.deltaTime / (1.0f / (6.2831855f * cutoff) + step.deltaTime);
 }
 
+/// A frame of a hand. Each step is done for all lanes before the next one, since its operations wait for each
+/// other, while the processor works on several lanes at once.
 template <typename F>
-struct Filtered
+struct Frame
 {
-    Rotations<F> last;
-    Rotations<F> speed;
-    F trouble; // NaN where numbers alone give the bits
-};
+    static constexpr int kWidth = static_cast<int>(F::kCount);
 
-template <typename F>
-Filtered<F> filtered(const RotationFilterLanes& filters, const RotationLanes& rotations,
-                     const RotationFilterStep& step, int at)
-{
-    const auto value = normalized(Rotations<F>::load(rotations, at));
-    const auto last = Rotations<F>::load(filters.last, at);
-    F trouble = nothingOf(value);
-    const auto change = scaled(difference(value, last), F(step.rate), trouble);
-    const auto speed = turned(Rotations<F>::load(filters.speed, at), change, F(step.speedGain), trouble);
-    const auto result = turned(last, value, gainAt(speed, step), trouble);
-    return {result, speed, trouble + nothingOf(result) + nothingOf(speed)};
-}
+    RotationFilterLanes next;
+    RotationLanes values;
+    F trouble = 0.0f; // NaN where numbers alone give the bits
+
+    void findChanges(const RotationLanes& rotations, const RotationLanes& last, float rate)
+    {
+        for (int at = 0; at < RotationLanes::kCount; at += kWidth) {
+            const auto value = normalized(Rotations<F>::load(rotations, at));
+            value.store(values, at);
+            trouble = trouble + nothingOf(value);
+            scaled(difference(value, Rotations<F>::load(last, at)), F(rate), trouble).store(next.speed, at);
+        }
+    }
+    void smoothSpeeds(const RotationLanes& speeds, float gain)
+    {
+        for (int at = 0; at < RotationLanes::kCount; at += kWidth) {
+            const auto change = Rotations<F>::load(next.speed, at);
+            const auto speed = turned(Rotations<F>::load(speeds, at), change, F(gain), trouble);
+            trouble = trouble + nothingOf(speed);
+            speed.store(next.speed, at);
+        }
+    }
+    void smoothValues(const RotationLanes& last, const RotationFilterStep& step)
+    {
+        for (int at = 0; at < RotationLanes::kCount; at += kWidth) {
+            const F gain = gainAt(Rotations<F>::load(next.speed, at), step);
+            const auto value = Rotations<F>::load(values, at);
+            const auto result = turned(Rotations<F>::load(last, at), value, gain, trouble);
+            trouble = trouble + nothingOf(result);
+            result.store(next.last, at);
+        }
+    }
+};
 
 template <typename F>
 [[gnu::flatten]] bool filterRotations(RotationFilterLanes& filters, RotationLanes& rotations,
                                       const RotationFilterStep& step)
 {
-    RotationFilterLanes next;
-    for (int at = 0; at < RotationLanes::kCount; at += static_cast<int>(F::kCount)) {
-        const Filtered<F> part = filtered<F>(filters, rotations, step, at);
-        if (!isZero(part.trouble)) {
-            return false;
-        }
-        part.last.store(next.last, at);
-        part.speed.store(next.speed, at);
+    Frame<F> frame;
+    frame.findChanges(rotations, filters.last, step.rate);
+    frame.smoothSpeeds(filters.speed, step.speedGain);
+    frame.smoothValues(filters.last, step);
+    if (!isZero(frame.trouble)) {
+        return false;
     }
-    filters = next;
-    rotations = next.last;
+    filters = frame.next;
+    rotations = frame.next.last;
     return true;
 }
 

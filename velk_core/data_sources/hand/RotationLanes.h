@@ -5,10 +5,10 @@
 namespace velk::data_source
 {
 
-/// Eight rotations, component by component.
+/// The rotations of a hand, component by component.
 struct RotationLanes
 {
-    static constexpr int kCount = 8;
+    static constexpr int kCount = 24;
 
     alignas(32) float x[kCount];
     alignas(32) float y[kCount];
@@ -16,7 +16,7 @@ struct RotationLanes
     alignas(32) float w[kCount];
 };
 
-/// What the one euro filters of eight rotations know.
+/// What the one euro filters of a hand's rotations know.
 struct RotationFilterLanes
 {
     RotationLanes last;
@@ -33,7 +33,7 @@ struct RotationFilterStep
     float beta;
 };
 
-/// Filters eight rotations that needn't be normalised, in place. All eight filters know a last value and a
+/// Filters rotations that needn't be normalised, in place. All filters know a last value and a
 /// speed. False, with nothing changed, where numbers alone give the bits: for what is not finite, before or
 /// after, and angles of 2^20 radians and more.
 using RotationFilterFunction = bool(RotationFilterLanes& filters, RotationLanes& rotations,
