@@ -194,11 +194,11 @@ void addSearches(std::vector<Plan>& plans, const Libraries& libraries, int large
     for (const auto& [motion, every] : kMotions) {
         for (int count = every == 10 ? 10 : 1; count <= largest; count *= 10) {
             const std::string end = fmt::format("{} {}", motion, count);
-            add("ray" + end, Kind::Ray, [count, every] { return panels(count, every); });
+            add("ray" + end, Kind::Ray, [count, every = every] { return panels(count, every); });
         }
         for (int count = every == 10 ? 10 : 1; count <= largest; count *= 10) {
             const std::string end = fmt::format("{} {}", motion, count);
-            add("hover" + end, Kind::Poke, [count, every] { return keys(count, every, false); });
+            add("hover" + end, Kind::Poke, [count, every = every] { return keys(count, every, false); });
             if (every == 0) {
                 add("press" + end, Kind::Poke, [count] { return keys(count, 0, true); });
             }
