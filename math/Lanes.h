@@ -173,12 +173,23 @@ struct Float
 
     friend Double toDouble(const Float& x)
     {
+#if defined(__AVX__) // g++ 12 converts by two
+        if constexpr (size == 32) {
+            return {_mm256_cvtps_pd(_mm256_castps256_ps128(x.lanes)),
+                    _mm256_cvtps_pd(_mm256_extractf128_ps(x.lanes, 1))};
+        }
+#endif
         const auto [low, high] = std::bit_cast<Halves>(x.lanes);
         return {__builtin_convertvector(low, typename Double::Lanes),
                 __builtin_convertvector(high, typename Double::Lanes)};
     }
     static Float fromDouble(const Double& x)
     {
+#if defined(__AVX__)
+        if constexpr (size == 32) {
+            return _mm256_set_m128(_mm256_cvtpd_ps(x.high), _mm256_cvtpd_ps(x.low));
+        }
+#endif
         return std::bit_cast<Lanes>(
             Halves{__builtin_convertvector(x.low, Half), __builtin_convertvector(x.high, Half)});
     }
