@@ -173,10 +173,16 @@ struct Float
 
     friend Double toDouble(const Float& x)
     {
-#if defined(__AVX__) // g++ 12 converts by two
+        // g++ 12 converts by two and joins them.
+#if defined(__AVX__)
         if constexpr (size == 32) {
             return {_mm256_cvtps_pd(_mm256_castps256_ps128(x.lanes)),
                     _mm256_cvtps_pd(_mm256_extractf128_ps(x.lanes, 1))};
+        }
+#endif
+#if defined(__SSE2__)
+        if constexpr (size == 16) {
+            return {_mm_cvtps_pd(x.lanes), _mm_cvtps_pd(_mm_movehl_ps(x.lanes, x.lanes))};
         }
 #endif
         const auto [low, high] = std::bit_cast<Halves>(x.lanes);
@@ -190,12 +196,22 @@ struct Float
             return _mm256_set_m128(_mm256_cvtpd_ps(x.high), _mm256_cvtpd_ps(x.low));
         }
 #endif
+#if defined(__SSE2__)
+        if constexpr (size == 16) {
+            return _mm_movelh_ps(_mm_cvtpd_ps(x.low), _mm_cvtpd_ps(x.high));
+        }
+#endif
         return std::bit_cast<Lanes>(
             Halves{__builtin_convertvector(x.low, Half), __builtin_convertvector(x.high, Half)});
     }
     /// The last 32 bits of each double.
     static Mask lowBits(const Double& x)
     {
+#if defined(__SSE2__)
+        if constexpr (size == 16) {
+            return std::bit_cast<Mask>(_mm_shuffle_ps(_mm_castpd_ps(x.low), _mm_castpd_ps(x.high), 0x88));
+        }
+#endif
         using HalfBits = typename Register<std::int32_t, size / 2>::Type;
         struct Both
         {
