@@ -79,7 +79,7 @@ bool JointFilters::filterAtOnce(Group& group, const Quatf* from, Quatf* to, std:
     if (filterLanes_ == nullptr || !group.hasSpeed.all() || !(step.deltaTime > 0.0f)) {
         return false;
     }
-    RotationLanes rotations;
+    RotationLanes rotations{};
     for (std::size_t i = 0; i < kLanes; ++i) {
         setLane(rotations, i, i < count ? from[i] : Quatf());
     }

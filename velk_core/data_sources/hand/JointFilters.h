@@ -32,7 +32,7 @@ private:
 
     struct Group
     {
-        RotationFilterLanes lanes;
+        RotationFilterLanes lanes{};
         std::bitset<RotationLanes::kCount> hasLast;
         std::bitset<RotationLanes::kCount> hasSpeed;
     };

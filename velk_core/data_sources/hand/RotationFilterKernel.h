@@ -99,7 +99,7 @@ F gainAt(const Rotations<F>& speed, const RotationFilterStep& step)
 /// A frame of a hand. Each step is done for all lanes before the next one, since its operations wait for each
 /// other, while the processor works on several lanes at once.
 template <typename F>
-struct Frame
+struct Frame // NOLINT(cppcoreguidelines-pro-type-member-init): each step writes what the next one reads
 {
     static constexpr int kWidth = static_cast<int>(F::kCount);
 
