@@ -41,13 +41,14 @@ ClippedPlaneSurface::ClippedPlaneSurface(std::shared_ptr<PointablePlane> backing
 // False when the plane or a frame is of a class that may move unheard.
 bool ClippedPlaneSurface::listenToFrames()
 {
-    if (typeid(*backingSurface_) != typeid(PointablePlane)) {
+    PointablePlane& plane = *backingSurface_;
+    if (typeid(plane) != typeid(PointablePlane)) {
         return false;
     }
-    plane_.listenTo(*backingSurface_);
+    plane_.listenTo(plane);
     for (const BoundsClipper& clipper : clippers_) {
         velk::input::IPose& frame = clipper.getPoseSource();
-        if (&frame == static_cast<velk::input::IPose*>(backingSurface_.get())) {
+        if (&frame == static_cast<velk::input::IPose*>(&plane)) {
             continue;
         }
         if (typeid(frame) != typeid(PointablePlane)) {
