@@ -272,7 +272,11 @@ private:
             }
         }
         if (!boxes_.empty()) {
-            any(boxes_)->setCentroid(vector(0.15f));
+            auto& box = any(boxes_);
+            box->setCentroid(vector(0.15f));
+            if (below(4) == 0) {
+                box->setUpperBound(vector(0.2f));
+            }
         }
     }
     void makeOrEndPointers()

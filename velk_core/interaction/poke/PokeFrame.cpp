@@ -113,24 +113,26 @@ void PokeFrame::remember(const PokeInteractable& interactable, const Posef& pose
     previousPoses_.assign(interactable.getSlot()) = pose;
 }
 
+// Gathered first: a host's filter or surface that moves something meanwhile changes the index's lists.
 void PokeFrame::rememberSurfaces(PokeInteractor& finger)
 {
-    const uint64_t now = PokeInteractable::getStaticIndex().getChanges();
-    const auto rememberOne = [&](PokeInteractable& interactable) {
-        if (PokeInteractable::getStaticRegistry().admits(finger, interactable)) {
-            remember(interactable, interactable.getSurfacePatch().getBackingSurface().getPose());
-        }
-    };
+    const search::SurfaceIndex& index = PokeInteractable::getStaticIndex();
+    const uint64_t now = index.getChanges();
     if (remembersAll_) {
-        for (PokeInteractable* interactable : PokeInteractable::getStaticRegistry().getAll()) {
-            rememberOne(*interactable);
-        }
+        const auto& all = PokeInteractable::getStaticRegistry().getAll();
+        seen_.assign(all.begin(), all.end());
     } else {
-        const auto rememberOwner = [&](const search::Place& place) {
-            rememberOne(static_cast<PokeInteractable&>(place.getOwner()));
+        seen_.clear();
+        const auto see = [this](const search::Place& place) {
+            seen_.push_back(static_cast<PokeInteractable*>(&place.getOwner()));
         };
-        PokeInteractable::getStaticIndex().visitChanged(moment_, rememberOwner);
-        PokeInteractable::getStaticIndex().visitSilent(rememberOwner);
+        index.visitChanged(moment_, see);
+        index.visitSilent(see);
+    }
+    for (PokeInteractable* interactable : seen_) {
+        if (PokeInteractable::getStaticRegistry().admits(finger, *interactable)) {
+            remember(*interactable, interactable->getSurfacePatch().getBackingSurface().getPose());
+        }
     }
     moment_ = now;
 }

@@ -8,6 +8,7 @@
 #include "velk_core/utility/SlotTable.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace velk::interaction
 {
@@ -93,6 +94,7 @@ private:
     SurfaceHitCache hitCache_;
     utility::SlotTable<Posef> previousPoses_;
     mutable Carried carried_;
+    std::vector<PokeInteractable*> seen_; // by rememberSurfaces() alone
     uint64_t moment_ = kNever;
     bool remembersAll_ = false;
 };

@@ -12,7 +12,7 @@
 namespace velk::interaction::search
 {
 
-/// A cube round a point.
+/// All that meets a box round a point or a way.
 struct PointQuery
 {
     Box box;

@@ -47,7 +47,8 @@ public:
 
     bool isEntered() const { return where_ != Where::Nowhere; }
 
-    /// Whether the index still waits for the surface to rest: true from its first change on until later.
+    /// Whether the index still waits for the surface to rest: from its entry or a change on until it has
+    /// rested for a while.
     bool isRestless() const { return isListed_ && !isOrphan_; }
     bool isSilent() const { return region_.isSilent; }
 

@@ -98,7 +98,7 @@ void SurfaceIndex::noteChange(Place& place)
     ++restlessCount_;
 }
 
-// Nothing has changed: it waits behind all others to go back.
+// Nothing has changed: it is the first to go back.
 void SurfaceIndex::noteOrphan(Place& place)
 {
     place.later_ = earliest_;

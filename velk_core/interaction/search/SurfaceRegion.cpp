@@ -120,6 +120,9 @@ Region findRegionOfBox(const PointableAxisAlignedBox& box)
     // A box whose bounds are the wrong way round is hit like any other.
     const Vector3f lower = box.getLowerBound();
     const Vector3f upper = box.getUpperBound();
+    if (!(farthestCoordinate(lower, upper) <= kFarthest)) {
+        return oddRegion(); // also for a NaN, which std::min and std::max may drop
+    }
     Region region =
         finish({std::min(lower.x, upper.x), std::min(lower.y, upper.y), std::min(lower.z, upper.z)},
                {std::max(lower.x, upper.x), std::max(lower.y, upper.y), std::max(lower.z, upper.z)}, 0.0f);
@@ -127,7 +130,7 @@ Region findRegionOfBox(const PointableAxisAlignedBox& box)
     return region;
 }
 
-bool isFinite(const math::AxisAlignedBox& box)
+bool isBounded(const math::AxisAlignedBox& box)
 {
     const Vector3f size = box.upperBound - box.lowerBound;
     return size.x >= 0.0f && size.y >= 0.0f && size.z >= 0.0f;
@@ -166,7 +169,7 @@ Region findRegionOfRays(const surface::ISurface* surface)
         return {};
     }
     math::AxisAlignedBox clip;
-    if (!clipped->getLocalClipBounds(clip) || !isFinite(clip)) {
+    if (!clipped->getLocalClipBounds(clip) || !isBounded(clip)) {
         return oddRegion();
     }
     return findRegionOfRectangle(clipped->getPlane(), &clip);
@@ -179,7 +182,7 @@ Region findRegionOfTouch(const surface::ISurfacePatch* patch, float height, floa
         return {};
     }
     math::AxisAlignedBox clip;
-    if (!(height >= 0.0f && margin >= 0.0f) || !clipped->getLocalClipBounds(clip) || !isFinite(clip)) {
+    if (!(height >= 0.0f && margin >= 0.0f) || !clipped->getLocalClipBounds(clip) || !isBounded(clip)) {
         return oddRegion();
     }
     const Vector2f end = clipped->getPlane().getSize();
