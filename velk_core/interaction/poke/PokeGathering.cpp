@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeGathering.h"
 
+#include "velk_core/interaction/search/Rounding.h"
 #include "velk_core/interaction/search/SurfaceIndex.h"
 #include "velk_core/interaction/search/SurfaceRegion.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace velk::interaction
 {
@@ -16,35 +16,19 @@ namespace
 
 using search::SurfaceIndex;
 
-/// Metres: beyond these, rounding is no longer small.
-constexpr float kFarthest = 1.0e5f;
+/// Metres: a finger of a larger radius asks all.
 constexpr float kLargestRadius = 1.0e3f;
-
-/// Rounding of the exact queries, of the farthest coordinate.
-constexpr float kRelativeSlack = 1.0e-5f;
-constexpr float kLeastSlack = 1.0e-6f;
 
 /// The finger's radius counts along the surface and once more above it: the root of two, and a slack for
 /// rotations that are not quite of unit length, as has the way.
 constexpr float kRadiusFactor = 1.43f;
 constexpr float kWaySlack = 0.01f;
 
-float farthestCoordinate(const Vector3f& point)
-{
-    return std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
-}
-
-bool isNear(const Vector3f& point)
-{
-    return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest &&
-           std::fabs(point.z) <= kFarthest;
-}
-
 // With no reach at all the broad test admits everything.
 bool isOrdinary(const PokeFrame& frame, const PokeInteractor::Config& config)
 {
-    return isNear(frame.getOrigin()) && isNear(frame.getPreviousOrigin()) && config.radius > 0.0f &&
-           config.radius <= kLargestRadius && config.equalDistanceEpsilon >= 0.0f &&
+    return search::isNear(frame.getOrigin()) && search::isNear(frame.getPreviousOrigin()) &&
+           config.radius > 0.0f && config.radius <= kLargestRadius && config.equalDistanceEpsilon >= 0.0f &&
            config.equalDistanceEpsilon <= kLargestRadius;
 }
 
@@ -59,7 +43,7 @@ search::PointQuery queryAround(const PokeFrame& frame, float radius)
     query.box.add(origin);
     query.box.add(isShort ? frame.getPreviousOrigin() : origin);
     query.box.grow(kRadiusFactor * radius + (isShort ? 0.0f : way) + kWaySlack * way +
-                   kRelativeSlack * farthestCoordinate(origin) + kLeastSlack);
+                   search::slackAt(search::farthestCoordinate(origin)));
     return query;
 }
 

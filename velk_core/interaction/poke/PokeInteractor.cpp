@@ -144,11 +144,7 @@ PokeInteractable* PokeInteractor::computeCandidate()
         return hitInteractable_;
     }
     PokeSearch search(frame_, config_, hoverInteractable_);
-    gatherAround(frame_, config_, hoverInteractable_, inRange_);
-    std::erase_if(inRange_, [this, &search](PokeInteractable* interactable) {
-        return !search.isInRange(*interactable) ||
-               !PokeInteractable::getStaticRegistry().admits(*this, *interactable);
-    });
+    gatherInRange(search);
     const PokeCandidate pressed = search.findPressed(inRange_);
     if (pressed.interactable != nullptr) {
         takeContactFrom(*pressed.interactable);
@@ -163,6 +159,15 @@ PokeInteractable* PokeInteractor::computeCandidate()
         takeContactFrom(*hoverInteractable_);
     }
     return hoverInteractable_;
+}
+
+void PokeInteractor::gatherInRange(const PokeSearch& search)
+{
+    gatherAround(frame_, config_, hoverInteractable_, inRange_);
+    std::erase_if(inRange_, [this, &search](PokeInteractable* interactable) {
+        return !search.isInRange(*interactable) ||
+               !PokeInteractable::getStaticRegistry().admits(*this, *interactable);
+    });
 }
 
 void PokeInteractor::takeContactFrom(const PokeInteractable& interactable)

@@ -22,6 +22,8 @@
 namespace velk::interaction
 {
 
+class PokeSearch;
+
 /// A fingertip that hovers and presses PokeInteractables: a point with a small sphere around it. All
 /// distances are metres in world space and are measured from the sphere's skin.
 ///
@@ -109,6 +111,7 @@ protected:
 
 private:
     void updateOrigin();
+    void gatherInRange(const PokeSearch& search);
     void takeContactFrom(const PokeInteractable& interactable);
     bool surfaceUpdate(const PokeInteractable* interactable);
     void placeTouchPoint(const PokeInteractable& pressed);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/ray/RayGathering.h"
 
+#include "velk_core/interaction/search/Rounding.h"
 #include "velk_core/interaction/search/SurfaceIndex.h"
 
 #include <algorithm>
@@ -15,27 +16,15 @@ namespace
 
 using search::SurfaceIndex;
 
-/// Metres, and lengths of a direction: beyond these, rounding is no longer small.
-constexpr float kFarthest = 1.0e5f;
+/// Lengths of a direction: shorter and longer ones ask all.
 constexpr float kShortest = 1.0e-3f;
 constexpr float kLongest = 1.0e3f;
-
-/// Rounding of the exact queries, of the origin's farthest coordinate.
-constexpr float kRelativeSlack = 1.0e-5f;
-constexpr float kLeastSlack = 1.0e-6f;
-
-float farthestCoordinate(const Vector3f& point)
-{
-    return std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
-}
 
 bool isOrdinary(const math::Ray& ray)
 {
     const float squaredLength = ray.direction.LengthSq();
-    const Vector3f& origin = ray.origin;
     return squaredLength >= kShortest * kShortest && squaredLength <= kLongest * kLongest &&
-           std::fabs(origin.x) <= kFarthest && std::fabs(origin.y) <= kFarthest &&
-           std::fabs(origin.z) <= kFarthest;
+           search::isNear(ray.origin);
 }
 
 bool isAlongSide(const Vector3f& direction)
@@ -71,7 +60,7 @@ void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
     const Vector3f& direction = ray.direction;
     const search::RayQuery query(
         ray.origin, Vector3f(awayFromZero(direction.x), awayFromZero(direction.y), awayFromZero(direction.z)),
-        kRelativeSlack * farthestCoordinate(ray.origin) + kLeastSlack);
+        search::slackAt(search::farthestCoordinate(ray.origin)));
     index.find(query, SurfaceIndex::kEver, [&found](const search::Place& place) {
         found.push_back(static_cast<RayInteractable*>(&place.getOwner()));
     });

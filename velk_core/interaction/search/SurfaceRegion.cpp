@@ -4,6 +4,7 @@
 
 #include "math/Aliases.h"
 #include "math/AxisAlignedBox.h"
+#include "velk_core/interaction/search/Rounding.h"
 #include "velk_core/interaction/surfaces/ClippedPlaneSurface.h"
 #include "velk_core/interaction/surfaces/PointableAxisAlignedBox.h"
 #include "velk_core/interaction/surfaces/PointablePlane.h"
@@ -22,15 +23,8 @@ using surface::ClippedPlaneSurface;
 using surface::PointableAxisAlignedBox;
 using surface::PointablePlane;
 
-/// Metres. What lies or reaches farther is odd, so that rounding stays within the slack.
-constexpr float kFarthest = 1.0e5f;
-
 /// How far a rotation's squared length may be from 1.
 constexpr float kLengthTolerance = 1.0e-3f;
-
-/// Rounding: a hundred times what the queries' few operations amount to, of the farthest coordinate.
-constexpr float kRelativeSlack = 1.0e-5f;
-constexpr float kLeastSlack = 1.0e-6f;
 
 template <typename Known>
 const Known* as(const surface::ISurface* surface)
@@ -67,7 +61,7 @@ Region finish(const Vector3f& lower, const Vector3f& upper, float slack)
         return oddRegion();
     }
     Box box{{lower.x, lower.y, lower.z}, {upper.x, upper.y, upper.z}};
-    box.grow(slack + kRelativeSlack * farthest + kLeastSlack);
+    box.grow(slack + slackAt(farthest));
     return {box, false, false, false};
 }
 
