@@ -105,7 +105,7 @@ public:
     }
     float number(int decades)
     {
-        return std::pow(10.0f, uniform() * float(decades)) * (uniform() < 0.0f ? -1 : 1);
+        return std::pow(10.0f, uniform() * float(decades)) * (uniform() < 0.0f ? -1.0f : 1.0f);
     }
     float uniform() { return std::uniform_real_distribution<float>(-1.0f, 1.0f)(random_); }
 
@@ -134,8 +134,10 @@ TEST(JointFilters, GiveByLanesTheBitsOfOneFilterAfterTheOtherOnWhatNoHandIs)
     for (const unsigned oddOnes : {0U, 1U, 30U}) { // percent
         for (const std::size_t count : {1U, 8U, 24U, 27U}) {
             RandomHands hands(oddOnes + 100 * static_cast<unsigned>(count));
+            constexpr int kFrames = 400;
             std::vector<Frame> frames;
-            for (int i = 0; i < 400; ++i) {
+            frames.reserve(kFrames);
+            for (int i = 0; i < kFrames; ++i) {
                 frames.push_back({hands.next(count, oddOnes), {1.0f, 1.0f, 2.0f}, 0.02f});
             }
             expectSameBits(frames);
@@ -150,8 +152,10 @@ TEST(JointFilters, GiveByLanesTheBitsOfOneFilterAfterTheOtherUnderEverySetting)
     for (int round = 0; round < 300; ++round) {
         const OneEuroParams params{std::fabs(hands.number(5)), std::fabs(hands.number(5)), hands.number(5)};
         const float deltaTime = round % 10 == 0 ? 0.0f : std::fabs(hands.number(5));
+        constexpr int kFrames = 30;
         std::vector<Frame> frames;
-        for (int i = 0; i < 30; ++i) {
+        frames.reserve(kFrames);
+        for (int i = 0; i < kFrames; ++i) {
             frames.push_back({hands.next(24, 0), params, i == 20 ? 0.0f : deltaTime});
         }
         expectSameBits(frames);

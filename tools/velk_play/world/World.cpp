@@ -32,6 +32,7 @@ template <typename Actor, typename... With>
 auto viewsOf(const std::vector<Actor>& actors, const With&... with)
 {
     std::vector<std::decay_t<decltype(actors.front().view(with...))>> views;
+    views.reserve(actors.size());
     for (const Actor& actor : actors) {
         views.push_back(actor.view(with...));
     }
