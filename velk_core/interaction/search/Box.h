@@ -15,8 +15,11 @@ struct Box
 {
     static constexpr float kEndless = std::numeric_limits<float>::infinity();
 
-    std::array<float, 3> lower{kEndless, kEndless, kEndless};
-    std::array<float, 3> upper{-kEndless, -kEndless, -kEndless};
+    /// One more than there are axes, so that either fills a register.
+    using Corner = std::array<float, 4>;
+
+    alignas(16) Corner lower{kEndless, kEndless, kEndless};
+    alignas(16) Corner upper{-kEndless, -kEndless, -kEndless};
 
     void add(const Vector3f& point) { add({{point.x, point.y, point.z}, {point.x, point.y, point.z}}); }
     void add(const Box& box)

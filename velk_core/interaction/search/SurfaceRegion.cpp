@@ -33,6 +33,8 @@ const Known* as(const surface::ISurface* surface)
                                                                    : nullptr;
 }
 
+using Lanes = surface::PlaneAxes::Lanes;
+
 /// In the frame of a plane.
 struct Extent
 {
@@ -47,6 +49,11 @@ float farthestCoordinate(const Vector3f& lower, const Vector3f& upper)
            std::fabs(upper.y) + std::fabs(upper.z);
 }
 
+Lanes lanesOf(const Vector3f& vector)
+{
+    return surface::PlaneAxes::lanesOf(vector.x, vector.y, vector.z);
+}
+
 Region oddRegion()
 {
     Region region;
@@ -54,28 +61,28 @@ Region oddRegion()
     return region;
 }
 
-Region finish(const Vector3f& lower, const Vector3f& upper, float slack)
+Region finish(const Lanes& lower, const Lanes& upper, float slack)
 {
-    const float farthest = farthestCoordinate(lower, upper);
+    const auto each = (absolute(lower) + absolute(upper)).lanes;
+    const float farthest = each[0] + each[1] + each[2]; // NaN with a NaN among them
     if (!(farthest <= kFarthest)) {
         return oddRegion();
     }
-    Box box{{lower.x, lower.y, lower.z}, {upper.x, upper.y, upper.z}};
-    box.grow(slack + slackAt(farthest));
-    return {box, false, false, false};
-}
-
-Vector3f absolute(const Vector3f& vector)
-{
-    return {std::fabs(vector.x), std::fabs(vector.y), std::fabs(vector.z)};
+    const Lanes around(slack + slackAt(farthest));
+    Region region;
+    (lower - around).store(region.box.lower.data());
+    (upper + around).store(region.box.upper.data());
+    region.isOdd = false;
+    region.isSilent = false;
+    return region;
 }
 
 // A rotation that is not quite of unit length scales by its squared length, some queries into the frame and
 // out of it.
 Region turn(const PointablePlane& plane, const Extent& extent)
 {
-    constexpr float kTimesScaled = 4.0f;
-    const Posef pose = plane.getPose();
+    constexpr float kTimesScaled = 5.0f;
+    const Posef pose = plane.PointablePlane::getPose();
     const float scaled = kTimesScaled * std::fabs(pose.rotation.LengthSq() - 1.0f);
     const float reach = farthestCoordinate(extent.lower, extent.upper);
     if (!(scaled <= kTimesScaled * kLengthTolerance) || !(reach <= kFarthest)) {
@@ -83,11 +90,11 @@ Region turn(const PointablePlane& plane, const Extent& extent)
     }
     const Vector3f middle = 0.5f * (extent.lower + extent.upper);
     const Vector3f half = 0.5f * (extent.upper - extent.lower);
-    const Vector3f normal = plane.getNormal();
-    const Vector3f centre =
-        pose.translation + plane.getXAxis() * middle.x + plane.getYAxis() * middle.y + normal * middle.z;
-    const Vector3f around =
-        absolute(plane.getXAxis()) * half.x + absolute(plane.getYAxis()) * half.y + absolute(normal) * half.z;
+    const Lanes x = plane.getAxes().getXLanes();
+    const Lanes y = plane.getAxes().getYLanes();
+    const Lanes z = plane.getAxes().getZLanes();
+    const Lanes centre = lanesOf(pose.translation) + x * middle.x + y * middle.y + z * middle.z;
+    const Lanes around = absolute(x) * half.x + absolute(y) * half.y + absolute(z) * half.z;
     return finish(centre - around, centre + around, (scaled + kRelativeSlack) * reach);
 }
 
@@ -117,9 +124,9 @@ Region findRegionOfBox(const PointableAxisAlignedBox& box)
     if (!(farthestCoordinate(lower, upper) <= kFarthest)) {
         return oddRegion(); // also for a NaN, which std::min and std::max may drop
     }
-    Region region =
-        finish({std::min(lower.x, upper.x), std::min(lower.y, upper.y), std::min(lower.z, upper.z)},
-               {std::max(lower.x, upper.x), std::max(lower.y, upper.y), std::max(lower.z, upper.z)}, 0.0f);
+    Region region = finish(
+        lanesOf({std::min(lower.x, upper.x), std::min(lower.y, upper.y), std::min(lower.z, upper.z)}),
+        lanesOf({std::max(lower.x, upper.x), std::max(lower.y, upper.y), std::max(lower.z, upper.z)}), 0.0f);
     region.isBox = !region.isOdd;
     return region;
 }

@@ -37,9 +37,8 @@ PointablePlane::PointablePlane(const Posef& pose, const Vector2f& size)
 void PointablePlane::setPose(const Posef& pose)
 {
     pose_ = pose;
-    plane_ = velk::math::Plane(pose.translation, pose.rotation * Vector3f(0.0f, 0.0f, 1.0f));
-    xAxis_ = pose.Rotate(Vector3f(1.0f, 0.0f, 0.0f));
-    yAxis_ = pose.Rotate(Vector3f(0.0f, 1.0f, 0.0f));
+    axes_ = PlaneAxes(pose.rotation);
+    plane_ = velk::math::Plane(pose.translation, axes_.getZ());
     changed();
 }
 
@@ -52,11 +51,6 @@ void PointablePlane::setSize(const Vector2f& size)
 Vector3f PointablePlane::getNormal() const
 {
     return plane_.getNormal();
-}
-
-Posef PointablePlane::getPose() const
-{
-    return pose_;
 }
 
 bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float maxDistance) const
@@ -81,7 +75,8 @@ bool PointablePlane::raycast(const velk::math::Ray& ray, SurfaceHit& hit, float 
     hit.distance = t;
 
     const Vector3f offset = hit.point - pose_.translation;
-    return !(std::fabs(offset.Dot(xAxis_)) > size_.x) && !(std::fabs(offset.Dot(yAxis_)) > size_.y);
+    return !(std::fabs(offset.Dot(axes_.getX())) > size_.x) &&
+           !(std::fabs(offset.Dot(axes_.getY())) > size_.y);
 }
 
 bool PointablePlane::closestSurfacePoint(const Vector3f& point, SurfaceHit& hit, float maxDistance) const

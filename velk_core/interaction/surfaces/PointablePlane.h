@@ -5,6 +5,7 @@
 #include "math/Aliases.h"
 #include "math/Plane.h"
 #include "velk_core/interaction/surfaces/ISurface.h"
+#include "velk_core/interaction/surfaces/PlaneAxes.h"
 #include "velk_core/interaction/surfaces/SurfaceChanges.h"
 
 namespace velk::interaction::surface
@@ -27,11 +28,10 @@ public:
 
     Vector3f getNormal() const;
 
-    /// The axes of its own frame, in world space.
-    const Vector3f& getXAxis() const { return xAxis_; }
-    const Vector3f& getYAxis() const { return yAxis_; }
+    /// Of its own frame, in world space.
+    const PlaneAxes& getAxes() const { return axes_; }
 
-    Posef getPose() const override;
+    Posef getPose() const override { return pose_; }
 
     /// `maxDistance` limits the height of the ray's origin over the plane, not the length of the ray.
     /// The hit's distance is in units of space. A ray that starts on the plane misses.
@@ -47,8 +47,7 @@ private:
     Posef pose_;
     // Derived from the pose.
     velk::math::Plane plane_;
-    Vector3f xAxis_;
-    Vector3f yAxis_;
+    PlaneAxes axes_;
     Vector2f size_;
 };
 
