@@ -57,8 +57,7 @@ Vector3f PokeFrame::getPreviousOriginCarriedBy(const PokeInteractable& interacta
     if (carried_.changed == place.getChanged() && place.isEntered()) {
         return carried_.point;
     }
-    const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
-    const Vector3f point = pose.Transform(findPreviousInverse(interactable, pose).Transform(previousOrigin_));
+    const Vector3f point = carry(interactable);
     if (!place.isSilent() && !isMetByTable(interactable)) {
         carried_ = {place.getChanged(), point};
     }
@@ -84,13 +83,15 @@ bool PokeFrame::hasRested(const PokeInteractable& interactable) const
     return !isMetByTable(interactable) && !place.isSilent() && place.getChanged() <= moment_;
 }
 
-// From the world into the frame of the surface as it was, or as it is if it was not met.
-Posef PokeFrame::findPreviousInverse(const PokeInteractable& interactable, const Posef& pose) const
+Vector3f PokeFrame::carry(const PokeInteractable& interactable) const
 {
     if (hasRested(interactable)) {
-        return interactable.getMotion().getInverse();
+        const SurfaceMotion& motion = interactable.getMotion();
+        return motion.getPose().Transform(motion.getInverse().Transform(previousOrigin_));
     }
-    return (hasMetBefore(interactable) ? findPreviousPose(interactable) : pose).Inverted();
+    const Posef pose = interactable.getSurfacePatch().getBackingSurface().getPose();
+    const Posef previous = hasMetBefore(interactable) ? findPreviousPose(interactable) : pose;
+    return pose.Transform(previous.Inverted().Transform(previousOrigin_));
 }
 
 // Of an interactable that was met. One that has changed since the last update was remembered in the last

@@ -85,7 +85,7 @@ private:
 
     bool isMetByTable(const PokeInteractable& interactable) const;
     bool hasRested(const PokeInteractable& interactable) const;
-    Posef findPreviousInverse(const PokeInteractable& interactable, const Posef& pose) const;
+    Vector3f carry(const PokeInteractable& interactable) const;
     Posef findPreviousPose(const PokeInteractable& interactable) const;
     void remember(const PokeInteractable& interactable, const Posef& pose);
 
