@@ -1,25 +1,23 @@
 // Copyright (c) the velk developers
 // SPDX-License-Identifier: Apache-2.0
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <list>
-#include <memory>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <velk/velk.h>
 
-#include "host/Files.h"
+#include "commands/Commands.h"
 #include "host/InputError.h"
-#include "host/recording/RecordingReader.h"
-#include "host/scene/SceneReader.h"
-#include "output/Outputs.h"
-#include "play/Player.h"
+#include "host/scene/Suggestion.h"
 
 namespace
 {
@@ -28,117 +26,55 @@ using namespace velk_tools;
 
 constexpr int kBadInput = 2;
 
-/// What the command line asks for. Empty files are not written.
-struct Options
+// Without a command the words are those of play, and so are they with one that is no file's name either,
+// unless it is nearly a command's.
+std::vector<std::string> wordsOf(int argc, char** argv, const CLI::App& app)
 {
-    std::string scene;
-    std::string recording;
-    std::string triggers;
-    std::string events;
-    std::string frames;
-    std::string report;
-    std::string trace;
-    std::size_t traceStep = 1;
-    bool quiet = false;
-    bool realTime = false;
-    bool fullExit = false;
-};
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (words.empty()) {
+        return words;
+    }
+    const std::string first = words.front();
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        names.push_back(command->get_name());
+    }
+    const std::vector<std::string_view> known(names.begin(), names.end());
+    if (first == "-h" || first == "--help" || first == "--version" ||
+        std::find(names.begin(), names.end(), first) != names.end()) {
+        return words;
+    }
+    if (!first.empty() && first.front() != '-' && !std::filesystem::exists(first) &&
+        !nearestName(first, known).empty()) {
+        throw InputError(fmt::format("unknown command '{}'{}", printable(first), suggestion(first, known)));
+    }
+    words.insert(words.begin(), "play");
+    return words;
+}
 
-void addOptions(CLI::App& app, Options& options)
+void parse(CLI::App& app, std::vector<std::string> words)
 {
-    app.add_option("scene", options.scene, "Scene file (JSON)")->required();
-    app.add_option("recording", options.recording, "Recording of hands or controllers (CSV)")->required();
-    app.add_option(
-        "--triggers", options.triggers,
-        "Trigger events (CSV); by default <recording>_events.csv where that stands beside the recording");
-    app.add_option("--events", options.events, "Write each transition to this file (JSON Lines)");
-    app.add_option("--frames", options.frames, "Write each frame to this file (CSV)");
-    app.add_option("--report", options.report, "Write a page with all that happened to this file (HTML)");
-    CLI::Option* const trace = app.add_option(
-        "--trace", options.trace, "Write all that can be observed, to the last bit, to this file (text)");
-    app.add_option("--trace-step", options.traceStep,
-                   "Trace every N-th frame and those in which something changes")
-        ->check(CLI::Range(1, 1000000))
-        ->needs(trace);
-    app.add_flag("--quiet", options.quiet, "Print the summary only");
-    app.add_flag("--real-time", options.realTime, "Play as fast as it was recorded, not as fast as possible")
-        ->excludes(trace);
-    app.add_flag("--full-exit", options.fullExit,
-                 "Leave through the library's own shutdown, which can wait 10 s for its thread");
+    std::reverse(words.begin(), words.end()); // as CLI11 takes them
+    app.parse(std::move(words));
+}
+
+int guardedMain(int argc, char** argv, Outcome& outcome)
+{
+    CLI::App app("Plays recorded motion through a scene of velk and shows what the library decides.\n"
+                 "Without a command's name it does what play does.",
+                 "velk-play");
+    app.require_subcommand(1);
     app.set_version_flag("--version", [] {
         const char* version = nullptr;
         velk_Common_GetVersion(&version);
         return std::string(version);
     });
-}
-
-Pace paceOf(const Options& options)
-{
-    if (!options.trace.empty()) {
-        return Pace::Settled;
-    }
-    return options.realTime ? Pace::RealTime : Pace::AsFastAsPossible;
-}
-
-void refuseOverwriting(const Options& options)
-{
-    std::vector<std::string> used{options.scene, options.recording, options.triggers,
-                                  eventsBeside(options.recording)};
-    for (const std::string& output : {options.events, options.frames, options.report, options.trace}) {
-        if (output.empty() || isDevice(output)) {
-            continue;
-        }
-        for (const std::string& other : used) {
-            if (!other.empty() && isSameFile(output, other)) {
-                throw InputError(output + ": would overwrite an input or another output");
-            }
-        }
-        used.push_back(output);
-    }
-}
-
-void run(const Options& options)
-{
-    refuseOverwriting(options);
-    const bool traces = !options.trace.empty();
-    const Scene scene = traces ? withoutEasing(loadScene(options.scene)) : loadScene(options.scene);
-    const Recording recording = loadRecording(options.recording, options.triggers);
-    checkScene(scene, recording);
-
-    std::list<OutputFile> files;
-    std::vector<std::unique_ptr<Observer>> outputs;
-    if (!options.events.empty()) {
-        outputs.push_back(writeEvents(files.emplace_back(options.events)));
-    }
-    if (!options.frames.empty()) {
-        outputs.push_back(writeFrames(files.emplace_back(options.frames), scene));
-    }
-    if (!options.report.empty()) {
-        outputs.push_back(writeReport(files.emplace_back(options.report), scene, recording));
-    }
-    if (traces) {
-        outputs.push_back(writeTrace(files.emplace_back(options.trace), scene, recording, options.traceStep));
-    }
-    outputs.push_back(printTransitions(scene, recording, options.quiet)); // once no file complains
-    play(scene, recording, outputs, paceOf(options));
-
-    for (OutputFile& file : files) {
-        file.close();
-    }
-    for (OutputFile& file : files) { // now that all are complete
-        file.keep();
-    }
-}
-
-int guardedMain(int argc, char** argv, Options& options)
-{
-    CLI::App app("Plays recorded motion through a scene of velk and shows what the library decides.",
-                 "velk-play");
-    addOptions(app, options);
+    app.footer(
+        "Exit codes: 0 done, 1 something is not as it should be, 2 a file or an option has to be mended.");
+    addPlay(app, outcome);
     try {
-        app.parse(argc, argv);
-        run(options);
-        return EXIT_SUCCESS;
+        parse(app, wordsOf(argc, argv, app));
+        return outcome.code;
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) {
             return app.exit(error); // help or version
@@ -159,9 +95,9 @@ int guardedMain(int argc, char** argv, Options& options)
 // NOLINTNEXTLINE(bugprone-exception-escape): all but a message that can't be printed is caught
 int main(int argc, char** argv)
 {
-    Options options;
-    const int code = guardedMain(argc, argv, options);
-    if (options.fullExit) {
+    Outcome outcome;
+    const int code = guardedMain(argc, argv, outcome);
+    if (outcome.fullExit) {
         return code;
     }
     // A normal exit waits for the library's usage thread, which sleeps up to ten seconds. Nothing here needs
