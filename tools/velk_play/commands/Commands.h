@@ -23,5 +23,6 @@ struct Outcome
 };
 
 void addPlay(CLI::App& app, Outcome& outcome);
+void addTune(CLI::App& app);
 
 } // namespace velk_tools
