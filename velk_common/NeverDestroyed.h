@@ -19,17 +19,16 @@ class NeverDestroyed
 public:
     template <typename... Args>
     explicit NeverDestroyed(Args&&... args)
-        : object_(new (static_cast<void*>(storage_)) T(std::forward<Args>(args)...))
     {
+        new (static_cast<void*>(storage_)) T(std::forward<Args>(args)...);
     }
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
 
-    T& operator*() { return *object_; }
+    T& operator*() { return *std::launder(reinterpret_cast<T*>(storage_)); }
 
 private:
     alignas(T) std::byte storage_[sizeof(T)] = {}; // NOLINT(modernize-avoid-c-arrays): raw bytes
-    T* object_;
 };
 
 } // namespace velk::common
