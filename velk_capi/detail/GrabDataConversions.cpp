@@ -4,29 +4,27 @@
 
 #include "velk_capi/detail/SpaceConversions.h"
 
+#include <bit>
 #include <cstddef>
 
 namespace SpaceConversions
 {
 
+// Whole lists are copied at once.
+static_assert(offsetof(talpVector3f, z) == offsetof(TAL::Vector3f, z));
+static_assert(offsetof(talpQuatf, w) == offsetof(TAL::Quatf, w));
+static_assert(offsetof(talpPosef, position) == offsetof(TAL::Posef, translation));
+
 velk::data::HandPinchData capiToCore(const velk_HandPinchData& record)
 {
-    velk::data::HandPinchData data;
-    for (std::size_t i = 0; i < data.jointPositions.size(); ++i) {
-        data.jointPositions[i] = talpToTal(record.jointPositions[i]);
-    }
-    return data;
+    using Positions = decltype(velk::data::HandPinchData::jointPositions);
+    return {std::bit_cast<Positions>(record.jointPositions)};
 }
 
 velk::data::HandPalmData capiToCore(const velk_HandPalmData& record)
 {
-    velk::data::HandPalmData data;
-    data.handedness = record.handedness;
-    data.rootPose = talpToTal(record.rootPose);
-    for (std::size_t i = 0; i < data.jointPoses.size(); ++i) {
-        data.jointPoses[i] = talpToTal(record.jointPoses[i]);
-    }
-    return data;
+    using Poses = decltype(velk::data::HandPalmData::jointPoses);
+    return {std::bit_cast<Poses>(record.jointPoses), talpToTal(record.rootPose), record.handedness};
 }
 
 } // namespace SpaceConversions

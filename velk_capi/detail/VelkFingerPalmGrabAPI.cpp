@@ -33,11 +33,6 @@ namespace
 
 constexpr const char* kSource = "velk_capi/detail/VelkFingerPalmGrabAPI.cpp";
 
-std::weak_ptr<FingerPalmGrabAPI> GetAPIFromHandle(VelkPalmGrabAPIHandle handle)
-{
-    return internal::getRegistry().get(handle);
-}
-
 } // namespace
 
 VelkPalmGrabAPIHandle create()
@@ -60,7 +55,7 @@ int32_t destroy(VelkPalmGrabAPIHandle api)
 
 int32_t updateHandData(VelkPalmGrabAPIHandle api, const velk_HandPalmData* data)
 {
-    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPalmGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -71,7 +66,7 @@ int32_t updateHandData(VelkPalmGrabAPIHandle api, const velk_HandPalmData* data)
 
 int32_t getFingerIsGrabbing(VelkPalmGrabAPIHandle api, VelkHandFinger finger, bool* isGrabbing)
 {
-    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPalmGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -82,7 +77,7 @@ int32_t getFingerIsGrabbing(VelkPalmGrabAPIHandle api, VelkHandFinger finger, bo
 int32_t getFingerIsGrabbingChanged(VelkPalmGrabAPIHandle api, VelkHandFinger finger, bool targetGrabState,
                                    bool* hasChanged)
 {
-    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPalmGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -92,7 +87,7 @@ int32_t getFingerIsGrabbingChanged(VelkPalmGrabAPIHandle api, VelkHandFinger fin
 
 int32_t getCenterOffset(VelkPalmGrabAPIHandle api, talpVector3f* offset)
 {
-    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPalmGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -102,7 +97,7 @@ int32_t getCenterOffset(VelkPalmGrabAPIHandle api, talpVector3f* offset)
 
 int32_t getFingerGrabScore(VelkPalmGrabAPIHandle api, VelkHandFinger finger, float* score)
 {
-    const std::shared_ptr<FingerPalmGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPalmGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }

@@ -34,15 +34,10 @@ namespace
 
 constexpr const char* kSource = "velk_capi/detail/VelkFingerPinchGrabAPI.cpp";
 
-std::weak_ptr<FingerPinchGrabAPI> GetAPIFromHandle(VelkPinchGrabAPIHandle handle)
-{
-    return internal::getRegistry().get(handle);
-}
-
 int32_t UpdateData(VelkPinchGrabAPIHandle handle, const velk_HandPinchData* data, const talpVector3f* wrist,
                    const talpVector3f* hmd)
 {
-    const std::shared_ptr<FingerPinchGrabAPI> api = GetAPIFromHandle(handle).lock();
+    FingerPinchGrabAPI* const api = internal::getRegistry().getRawPointer(handle);
     if (api == nullptr) {
         return kFailure;
     }
@@ -88,7 +83,7 @@ int32_t updateHandData(VelkPinchGrabAPIHandle api, const velk_HandPinchData* dat
 
 int32_t getFingerIsGrabbing(VelkPinchGrabAPIHandle api, VelkHandFinger finger, bool* isGrabbing)
 {
-    const std::shared_ptr<FingerPinchGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPinchGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -99,7 +94,7 @@ int32_t getFingerIsGrabbing(VelkPinchGrabAPIHandle api, VelkHandFinger finger, b
 int32_t getFingerIsGrabbingChanged(VelkPinchGrabAPIHandle api, VelkHandFinger finger, bool targetGrabState,
                                    bool* hasChanged)
 {
-    const std::shared_ptr<FingerPinchGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPinchGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -109,7 +104,7 @@ int32_t getFingerIsGrabbingChanged(VelkPinchGrabAPIHandle api, VelkHandFinger fi
 
 int32_t getCenterOffset(VelkPinchGrabAPIHandle api, talpVector3f* offset)
 {
-    const std::shared_ptr<FingerPinchGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPinchGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }
@@ -119,7 +114,7 @@ int32_t getCenterOffset(VelkPinchGrabAPIHandle api, talpVector3f* offset)
 
 int32_t getFingerGrabScore(VelkPinchGrabAPIHandle api, VelkHandFinger finger, float* score)
 {
-    const std::shared_ptr<FingerPinchGrabAPI> target = GetAPIFromHandle(api).lock();
+    FingerPinchGrabAPI* const target = internal::getRegistry().getRawPointer(api);
     if (target == nullptr) {
         return kFailure;
     }

@@ -34,9 +34,16 @@ FingerGrabData::FingerGrabData(HandFinger which)
 
 void FingerGrabData::UpdateGrabStrength(const data::HandPalmData* data, const FingerShapes& shapes)
 {
-    float value = shapes.GetCurlValue(finger, data->jointPoses);
+    const float flexion =
+        finger != HandFinger::Thumb ? shapes.GetFlexionValue(finger, data->jointPoses) : 0.0f;
+    UpdateGrabStrength(shapes.GetCurlValue(finger, data->jointPoses), flexion);
+}
+
+void FingerGrabData::UpdateGrabStrength(float curl, float flexion)
+{
+    float value = curl;
     if (finger != HandFinger::Thumb) {
-        value = (2.0f * value + shapes.GetFlexionValue(finger, data->jointPoses)) / 3.0f;
+        value = (2.0f * curl + flexion) / 3.0f;
     }
     // clamp turns NaN into 1: a finger with coincident joints reads as closed.
     grabStrength = clamp((value - curlNormalizationParams.x) / curlNormalizationParams.y, 0.0f, 1.0f);

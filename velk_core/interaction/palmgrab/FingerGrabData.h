@@ -16,6 +16,8 @@ struct FingerGrabData
     explicit FingerGrabData(HandFinger which);
 
     void UpdateGrabStrength(const data::HandPalmData* data, const FingerShapes& shapes);
+    /// From the finger's two measures. The thumb's flexion plays no part.
+    void UpdateGrabStrength(float curl, float flexion);
 
     /// Both thresholds are strict: a strength equal to one of them changes nothing.
     void UpdateIsGrabbing(float grabThreshold, float releaseThreshold);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/palmgrab/FingerPalmGrabAPI.h"
 
+#include "velk_core/interaction/palmgrab/Bends.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
 
 namespace velk::interaction::grab
@@ -20,10 +21,10 @@ void FingerPalmGrabAPI::Update(const data::HandPalmData* data)
     if (data == nullptr) {
         return;
     }
-    handData_ = *data;
-    UpdateVolumeCenter(&handData_);
+    UpdateVolumeCenter(data);
+    const Bends bends(data->jointPoses);
     for (FingerGrabData& finger : fingers_) {
-        finger.UpdateGrabStrength(&handData_, fingerShapes_);
+        finger.UpdateGrabStrength(bends.curl[toIndex(finger.finger)], bends.flexion[toIndex(finger.finger)]);
         finger.UpdateIsGrabbing(grabThreshold_, releaseThreshold_);
     }
 }

@@ -46,8 +46,6 @@ private:
     float grabThreshold_ = 0.9f;
     float releaseThreshold_ = 0.6f;
     std::vector<FingerGrabData> fingers_;
-    FingerShapes fingerShapes_;
-    data::HandPalmData handData_;
     Vector3f centerOffset_;
 };
 

@@ -6,6 +6,7 @@
 #include "math/Plane.h"
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
+#include "velk_core/interaction/pinchgrab/PinchDistances.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,11 +16,7 @@ namespace velk::interaction::grab
 {
 
 FingerPinchGrabAPI::FingerPinchGrabAPI()
-    : thumbTipSegmentJoints_{HandJointId::ThumbDistal, HandJointId::ThumbTip}
-    , thumbJoints_{HandJointId::ThumbProximal, HandJointId::ThumbDistal, HandJointId::ThumbTip}
-    , indexJoints_{HandJointId::IndexProximal, HandJointId::IndexMid, HandJointId::IndexDistal,
-                   HandJointId::IndexTip}
-    , fingers_{FingerPinchData(HandFinger::Thumb), FingerPinchData(HandFinger::Index),
+    : fingers_{FingerPinchData(HandFinger::Thumb), FingerPinchData(HandFinger::Index),
                FingerPinchData(HandFinger::Middle), FingerPinchData(HandFinger::Ring),
                FingerPinchData(HandFinger::Pinky)}
 {
@@ -72,9 +69,10 @@ void FingerPinchGrabAPI::update(const data::HandPinchData* data, const Vector3f*
     }
     goodView_ = pinchHasGoodVisibility();
     updateThumb();
-    for (const HandFinger finger :
-         {HandFinger::Index, HandFinger::Middle, HandFinger::Ring, HandFinger::Pinky}) {
-        updateFinger(finger);
+    const TipDistances tips(handData_);
+    for (std::size_t i = 0; i < TipDistances::kCount; ++i) {
+        updateFinger(static_cast<HandFinger>(i + 1), tips.isNearThumb[i], tips.toLastBone[i],
+                     tips.toBothBones[i]);
     }
 }
 
@@ -247,15 +245,14 @@ void FingerPinchGrabAPI::updateThumb()
     updateFingerTip(HandFinger::Thumb);
     float distance = PositiveInfinity;
     if (isThumbNearIndex()) {
-        distance = getClosestDistanceToJoints(handData_.jointPositions[toIndex(HandJointId::ThumbDistal)],
-                                              fingers_[toIndex(HandFinger::Thumb)].tipPosition, indexJoints_,
-                                              thumbAlignmentLimit_);
+        distance = measureThumbToIndex(handData_, thumbAlignmentLimit_);
     }
     updatePinchData(distance, HandFinger::Thumb, thumbDistanceStart_, thumbDistanceStopOffset_,
                     thumbDistanceStopMax_);
 }
 
-void FingerPinchGrabAPI::updateFinger(HandFinger finger)
+void FingerPinchGrabAPI::updateFinger(HandFinger finger, bool isNearThumb, float toLastBone,
+                                      float toBothBones)
 {
     updateFingerTip(finger);
     const FingerPinchData& data = fingers_[toIndex(finger)];
@@ -263,10 +260,10 @@ void FingerPinchGrabAPI::updateFinger(HandFinger finger)
     // Only a pinch that stands is measured against the bone before the distal joint: a fingertip can slide
     // back over that joint without letting go, but can't start there.
     if (data.isPinching) {
-        distance = getClosestDistanceToJoints(data.tipPosition, thumbJoints_);
+        distance = toBothBones;
     }
-    if (IsPointNearThumb(data.tipPosition, thumbTipSegmentJoints_)) {
-        distance = getClosestDistanceToJoints(data.tipPosition, thumbTipSegmentJoints_);
+    if (isNearThumb) {
+        distance = toLastBone;
     }
     updatePinchData(distance, finger, DistanceStart(), DistanceStopOffset(), DistanceStopMax());
 }

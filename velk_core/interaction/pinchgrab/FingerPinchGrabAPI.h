@@ -79,7 +79,7 @@ private:
     const FingerPinchData* find(HandFinger finger) const;
     void ClearState();
     void updateThumb();
-    void updateFinger(HandFinger finger);
+    void updateFinger(HandFinger finger, bool isNearThumb, float toLastBone, float toBothBones);
     void updateFingerTip(HandFinger finger);
     void updatePinchData(float distance, HandFinger finger, float start, float stopOffset, float stopMax);
 
@@ -95,9 +95,6 @@ private:
     float thumbDistanceStopMax_ = 0.05f; // also how far from the index finger's plane the thumb tip may be
     float thumbDistanceStopOffset_ = 0.04f;
     float thumbAlignmentLimit_ = 0.5f; // dot product: 60 degrees
-    std::vector<HandJointId> thumbTipSegmentJoints_;
-    std::vector<HandJointId> thumbJoints_;
-    std::vector<HandJointId> indexJoints_;
     std::vector<FingerPinchData> fingers_;
     data::HandPinchData handData_;
     Vector3f wristDirection_;
