@@ -79,6 +79,21 @@ TEST_F(PokePress, ASurfacePressesByItsOwnMovement)
     EXPECT_PLAYS(finger, "0,5:M");
 }
 
+// Also for a finger that never saw it move, and long after: it has come from 80 down to 40, and rested.
+TEST_F(PokePress, ASurfacePressesFromWhereItRested)
+{
+    const Button& button = add("", {{}, units(0, 0, 80)});
+    finger.at(0, 500);
+    button.moveTo(0, 40);
+    for (int i = 0; i < 200; ++i) {
+        finger.at(0, 500);
+    }
+    Finger late = makeFinger("b");
+    EXPECT_PLAYS(late, "0,500:- 0,60:bHbM");
+    button.moveTo(0, 70);
+    EXPECT_PLAYS(late, "0,60:(bSbM");
+}
+
 // The same whichever way the scene is turned, in radians, and wherever it stands, in metres.
 TEST_F(PokePress, IsTheSameInEveryFrame)
 {
@@ -168,6 +183,9 @@ TEST_F(PokePress, ARecoilEndsByCancelOrWithItsInteractable)
 {
     add();
     EXPECT_PLAYS(finger, "0,-30:H(SM 0,-13:sM 87,-13:C)M 87,-13:h 87,100:- 0,100:- 0,-30:H(SM 0,-13:sM");
+    addAt("2", 300, 0);
+    buttons.erase("2"); // not its own
+    EXPECT_PLAYS(finger, "0,-13:M 0,-30:SM 0,-13:sM");
     buttons.clear();
     EXPECT_EQ(events.take(), "h)");
 }
