@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "velk_core/witness/Witness.h"
+
 #include <functional>
 #include <unordered_map>
 #include <utility>
@@ -35,6 +37,7 @@ public:
     /// failed.
     int convert(Value value, Levels** result)
     {
+        witness::noteUpdate(this);
         if (!toDeltas_) {
             return -2;
         }
@@ -76,7 +79,7 @@ private:
     static Alignment levelOf(float delta, const std::vector<std::pair<Alignment, float>>& list)
     {
         for (auto entry = list.rbegin(); entry != list.rend(); ++entry) {
-            if (entry->second <= delta) {
+            if (witness::judge(witness::Rule::DirectionLevel, entry->second <= delta, delta, entry->second)) {
                 return entry->first;
             }
         }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "velk_core/core/IActiveState.h"
+#include "velk_core/witness/Witness.h"
 
 #include <unordered_map>
 #include <utility>
@@ -21,6 +22,7 @@ public:
     int update(const std::vector<std::pair<Axis, Alignment>>& wanted,
                const std::unordered_map<Axis, Alignment>& values)
     {
+        witness::noteUpdate(this);
         active_ = false;
         bool mismatch = false;
         // The loop goes on past a mismatch, so that a missing key further on is still reported.
@@ -29,7 +31,8 @@ public:
             if (found == values.end()) {
                 return -2;
             }
-            mismatch = mismatch || found->second != level;
+            const bool matches = witness::judge(witness::Rule::DirectionWanted, found->second == level);
+            mismatch = mismatch || !matches;
         }
         active_ = !mismatch;
         return 1;

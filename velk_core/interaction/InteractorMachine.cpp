@@ -18,6 +18,9 @@
 namespace velk::interaction
 {
 
+using witness::judge;
+using witness::Rule;
+
 void InteractorMachine::update()
 {
     if (getIsRootDriver()) {
@@ -28,6 +31,7 @@ void InteractorMachine::update()
 // The order of these steps is the library's behaviour: none may be moved.
 void InteractorMachine::drive()
 {
+    witness::noteUpdate(static_cast<const IInteractor*>(this));
     preprocess();
     if (!updateActiveState()) {
         disable(); // again: a kind that overrides disable() is called at each step that stops
@@ -44,7 +48,7 @@ void InteractorMachine::drive()
         }
         previousState = state_;
         process();
-        if (!makeTransition()) {
+        if (!makeTransition(pass)) {
             break;
         }
     }
@@ -52,27 +56,34 @@ void InteractorMachine::drive()
 }
 
 // One transition at most; false when the machine has come to rest.
-bool InteractorMachine::makeTransition()
+bool InteractorMachine::makeTransition(int pass)
 {
+    const auto note = [pass](Rule rule) {
+        judge(rule, true, static_cast<float>(pass), static_cast<float>(kMaxPasses));
+    };
     switch (state_) {
     case InteractorState::Normal:
         if (shouldHover()) {
+            note(Rule::MachineHover);
             hover();
             return true;
         }
         return false;
     case InteractorState::Hover:
         if (shouldSelect()) {
+            note(Rule::MachineSelect);
             select();
             return true;
         }
         if (shouldUnhover()) {
+            note(Rule::MachineUnhover);
             unhover();
             return true;
         }
         return false;
     case InteractorState::Select:
         if (shouldUnselect()) {
+            note(Rule::MachineUnselect);
             unselect();
             return true;
         }
@@ -129,7 +140,12 @@ void InteractorMachine::processCandidate()
 
 bool InteractorMachine::updateActiveState()
 {
-    if (activeState_ == nullptr || activeState_->isActive()) {
+    return activeState_ == nullptr || askActiveState();
+}
+
+bool InteractorMachine::askActiveState()
+{
+    if (judge(Rule::MachineActive, activeState_->isActive())) {
         return true;
     }
     disable();
@@ -191,7 +207,7 @@ bool InteractorMachine::shouldSelect()
     if (shouldSelectOverride_) {
         return shouldSelectOverride_();
     }
-    return candidate_ == interactable_ && computeShouldSelect();
+    return judge(Rule::MachineKeepsTarget, candidate_ == interactable_) && computeShouldSelect();
 }
 
 bool InteractorMachine::shouldUnselect() const

@@ -7,6 +7,7 @@
 #include "velk_core/select/SelectorQueue.h"
 #include "velk_core/utility/MultiAction.h"
 #include "velk_core/utility/OneShot.h"
+#include "velk_core/witness/Witness.h"
 
 #include <cstdint>
 #include <functional>
@@ -129,8 +130,14 @@ protected:
     virtual void selectInteractable(IInteractable* target) = 0;
     virtual void unselectInteractable() = 0;
 
-    bool queuedSelect() const { return selectorQueue_.isNext(true); }
-    bool queuedUnselect() const { return selectorQueue_.isNext(false); }
+    bool queuedSelect() const
+    {
+        return witness::judge(witness::Rule::SelectorPress, selectorQueue_.isNext(true));
+    }
+    bool queuedUnselect() const
+    {
+        return witness::judge(witness::Rule::SelectorRelease, selectorQueue_.isNext(false));
+    }
 
     select::SelectorQueue selectorQueue_{[this] { handleSelected(); }, [this] { handleUnselected(); }};
     utility::OneShot<IInteractable*> candidateOverride_;
@@ -142,8 +149,9 @@ private:
     /// One drive() makes at most this many passes, whatever the hooks answer.
     static constexpr int kMaxPasses = 3;
 
-    bool makeTransition();
+    bool makeTransition(int pass);
     bool updateActiveState();
+    bool askActiveState();
     void setState(InteractorState newState);
 
     std::shared_ptr<active_state::IActiveState> activeState_;

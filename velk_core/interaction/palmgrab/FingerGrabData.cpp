@@ -4,6 +4,7 @@
 
 #include "math/Math.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
+#include "velk_core/witness/Witness.h"
 
 #include <array>
 
@@ -51,12 +52,16 @@ void FingerGrabData::UpdateGrabStrength(float curl, float flexion)
 
 void FingerGrabData::UpdateIsGrabbing(float grabThreshold, float releaseThreshold)
 {
-    if (grabStrength > grabThreshold) {
+    const auto judge = [this](witness::Rule rule, bool holds, float limit) {
+        return witness::judgeFinger(rule, holds, grabStrength, limit, static_cast<int>(finger));
+    };
+    if (judge(witness::Rule::PalmStart, grabStrength > grabThreshold, grabThreshold)) {
         if (!isGrabbing) {
             isGrabbing = true;
             isGrabbingChanged = true;
         }
-    } else if (releaseThreshold > grabStrength && isGrabbing) {
+    } else if (isGrabbing &&
+               judge(witness::Rule::PalmEnd, releaseThreshold > grabStrength, releaseThreshold)) {
         isGrabbing = false;
         isGrabbingChanged = true;
     }

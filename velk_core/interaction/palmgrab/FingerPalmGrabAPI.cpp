@@ -4,6 +4,7 @@
 
 #include "velk_core/interaction/palmgrab/Bends.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
+#include "velk_core/witness/Witness.h"
 
 namespace velk::interaction::grab
 {
@@ -17,6 +18,7 @@ FingerPalmGrabAPI::FingerPalmGrabAPI()
 
 void FingerPalmGrabAPI::Update(const data::HandPalmData* data)
 {
+    witness::noteUpdate(this);
     ClearState();
     if (data == nullptr) {
         return;

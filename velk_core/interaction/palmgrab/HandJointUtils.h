@@ -35,6 +35,11 @@ struct HandJointUtils
         return _handFingerProximals[toIndex(finger)];
     }
 
+    static constexpr int getFingerOfTip(HandJointId tip)
+    {
+        return static_cast<int>(tip) - static_cast<int>(HandJointId::ThumbTip);
+    }
+
     static constexpr HandJointId getHandFingerTip(HandFinger finger)
     {
         return static_cast<HandJointId>(static_cast<int>(finger) + static_cast<int>(HandJointId::ThumbTip));

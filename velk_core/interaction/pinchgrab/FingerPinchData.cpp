@@ -3,6 +3,7 @@
 #include "velk_core/interaction/pinchgrab/FingerPinchData.h"
 
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 
@@ -16,14 +17,19 @@ FingerPinchData::FingerPinchData(HandFinger finger)
 
 void FingerPinchData::UpdateIsPinching(float distance, float start, float stopOffset, float stopMax)
 {
+    const auto judge = [this, distance](witness::Rule rule, bool holds, float limit) {
+        return witness::judgeFinger(rule, holds, distance, limit, HandJointUtils::getFingerOfTip(tipId));
+    };
     if (isPinching) {
         minPinchDistance = std::min(minPinchDistance, distance);
-        if (distance > stopMax || distance > minPinchDistance + stopOffset) {
+        const float farthest = minPinchDistance + stopOffset;
+        if (judge(witness::Rule::PinchEnd, distance > stopMax, stopMax) ||
+            judge(witness::Rule::PinchLetGo, distance > farthest, farthest)) {
             isPinching = false;
             isPinchingChanged = true;
             minPinchDistance = PositiveInfinity;
         }
-    } else if (distance < start) {
+    } else if (judge(witness::Rule::PinchStart, distance < start, start)) {
         isPinching = true;
         isPinchingChanged = true;
         minPinchDistance = distance;

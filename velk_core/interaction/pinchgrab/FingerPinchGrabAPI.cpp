@@ -7,6 +7,7 @@
 #include "velk_core/interaction/palmgrab/HandFrame.h"
 #include "velk_core/interaction/palmgrab/HandJointUtils.h"
 #include "velk_core/interaction/pinchgrab/PinchDistances.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +15,10 @@
 
 namespace velk::interaction::grab
 {
+
+using witness::judge;
+using witness::judgeFinger;
+using witness::Rule;
 
 FingerPinchGrabAPI::FingerPinchGrabAPI()
     : fingers_{FingerPinchData(HandFinger::Thumb), FingerPinchData(HandFinger::Index),
@@ -57,6 +62,7 @@ Vector3f FingerPinchGrabAPI::getCenterOffset()
 void FingerPinchGrabAPI::update(const data::HandPinchData* data, const Vector3f* wristDirection,
                                 const Vector3f* hmdDirection)
 {
+    witness::noteUpdate(this);
     ClearState();
     handData_ = *data;
     hasWristDirection_ = wristDirection != nullptr;
@@ -163,7 +169,10 @@ bool FingerPinchGrabAPI::isThumbNearIndex() const
     const math::Plane plane(indexMid, normal);
     const float distance = std::fabs(plane.getSignedDistanceToPlane(thumbTip));
     // Strict on both sides. An exactly straight index finger spans no plane, measures 0 and so is never near.
-    return distance > 0.0f && distance < thumbDistanceStopMax_;
+    constexpr int kThumb = static_cast<int>(HandFinger::Thumb);
+    return judgeFinger(Rule::PinchThumbAway, distance > 0.0f, distance, 0.0f, kThumb) &&
+           judgeFinger(Rule::PinchThumbNear, distance < thumbDistanceStopMax_, distance,
+                       thumbDistanceStopMax_, kThumb);
 }
 
 bool FingerPinchGrabAPI::pinchHasGoodVisibility() const
@@ -172,7 +181,7 @@ bool FingerPinchGrabAPI::pinchHasGoodVisibility() const
         return false;
     }
     const float angle = (wristDirection_ * -1.0f).Angle(hmdDirection_ * -1.0f) * TAL::kDegreesPerRadian;
-    return !(maxViewAngle_ < angle);
+    return judge(Rule::PinchView, !(maxViewAngle_ < angle), angle, maxViewAngle_);
 }
 
 float FingerPinchGrabAPI::distancePointToSegment(Vector3f point, Vector3f start, Vector3f end)
@@ -262,7 +271,8 @@ void FingerPinchGrabAPI::updateFinger(HandFinger finger, bool isNearThumb, float
     if (data.isPinching) {
         distance = toBothBones;
     }
-    if (isNearThumb) {
+    if (judgeFinger(Rule::PinchSide, isNearThumb, witness::kNoNumber, witness::kNoNumber,
+                    static_cast<int>(finger))) {
         distance = toLastBone;
     }
     updatePinchData(distance, finger, DistanceStart(), DistanceStopOffset(), DistanceStopMax());

@@ -5,6 +5,7 @@
 #include "velk_core/interaction/search/Rounding.h"
 #include "velk_core/interaction/search/SurfaceIndex.h"
 #include "velk_core/interaction/search/SurfaceRegion.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 
@@ -60,7 +61,7 @@ void gatherAround(const PokeFrame& frame, const PokeInteractor::Config& config, 
     index.look(PokeFrame::getLeastMoment());
     // For a finger that was never updated nothing has moved.
     const uint64_t moment = frame.getMoment() != PokeFrame::kNever ? frame.getMoment() : SurfaceIndex::kEver;
-    if (frame.remembersAll() || !isOrdinary(frame, config)) {
+    if (frame.remembersAll() || witness::hasWitness() || !isOrdinary(frame, config)) {
         const auto& all = PokeInteractable::getStaticRegistry().getAll();
         found.assign(all.begin(), all.end());
         return;

@@ -18,6 +18,7 @@
 
 #include "velk_core/interaction/poke/PokeGeometry.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
+#include "velk_core/witness/Witness.h"
 
 namespace velk::interaction
 {
@@ -25,6 +26,8 @@ namespace velk::interaction
 using poke_geometry::computeDistanceAbove;
 using poke_geometry::computeTangentDistance;
 using surface::SurfaceHit;
+using witness::judge;
+using witness::Rule;
 
 PokeCandidate PokeSearch::findHovered(const Interactables& inRange)
 {
@@ -37,7 +40,8 @@ PokeCandidate PokeSearch::findHovered(const Interactables& inRange)
         const bool winsByScore = best.interactable != nullptr &&
                                  areEquallyFar(candidate.distance, best.distance) &&
                                  candidate.hasHigherScoreThan(best);
-        if (winsByScore || candidate.isNearerThan(best)) {
+        if (judge(Rule::PokeHoverNearest, winsByScore || candidate.isNearerThan(best), candidate.distance,
+                  best.distance, *interactable)) {
             best = candidate;
         }
     }
@@ -52,29 +56,33 @@ bool PokeSearch::canHover(PokeInteractable& interactable, PokeCandidate& candida
     if (!frame_.getHits(interactable, hits)) {
         return false;
     }
-    if (!passesEnterHoverDistanceCheck(origin, interactable) &&
-        !passesEnterHoverDistanceCheck(frame_.getPreviousOrigin(), interactable)) {
+    if (!passesEnterHoverDistanceCheck(Rule::PokeHoverEntry, origin, interactable) &&
+        !passesEnterHoverDistanceCheck(Rule::PokeHoverEntryBefore, frame_.getPreviousOrigin(),
+                                       interactable)) {
         return false;
     }
-    if (!isInFront(hits.backing)) {
+    if (!isInFront(hits.backing, interactable)) {
         return false;
     }
     const float above = computeDistanceAbove(interactable, origin, config_.radius);
-    if (!(above <= hoverNormalLimit(interactable))) {
+    const float highest = hoverNormalLimit(interactable);
+    if (!judge(Rule::PokeHoverHeight, above <= highest, above, highest, interactable)) {
         return false;
     }
     const float tangent = computeTangentDistance(interactable, origin, config_.radius);
-    if (!(tangent <= hoverTangentLimit(interactable))) {
+    const float farthest = hoverTangentLimit(interactable);
+    if (!judge(Rule::PokeHoverReach, tangent <= farthest, tangent, farthest, interactable)) {
         return false;
     }
     candidate = {&interactable, above, tangent};
     return true;
 }
 
-bool PokeSearch::isInFront(const SurfaceHit& backing) const
+bool PokeSearch::isInFront(const SurfaceHit& backing, const PokeInteractable& interactable) const
 {
     const Vector3f offset = frame_.getOrigin() - backing.point;
-    return offset.Length() != 0.0f && offset.Dot(backing.normal) > 0.0f;
+    const float height = offset.Dot(backing.normal);
+    return judge(Rule::PokeHoverSide, offset.Length() != 0.0f && height > 0.0f, height, 0.0f, interactable);
 }
 
 float PokeSearch::hoverNormalLimit(const PokeInteractable& interactable) const

@@ -29,6 +29,7 @@
 #include "velk_core/interaction/poke/PokeGeometry.h"
 #include "velk_core/interaction/poke/PokeRelease.h"
 #include "velk_core/interaction/poke/PokeSearch.h"
+#include "velk_core/witness/Witness.h"
 
 #include <cmath>
 #include <typeinfo>
@@ -166,7 +167,9 @@ void PokeInteractor::gatherInRange(const PokeSearch& search)
     gatherAround(frame_, config_, hoverInteractable_, inRange_);
     std::erase_if(inRange_, [this, &search](PokeInteractable* interactable) {
         return !search.isInRange(*interactable) ||
-               !PokeInteractable::getStaticRegistry().admits(*this, *interactable);
+               !witness::judge(witness::Rule::Admitted,
+                               PokeInteractable::getStaticRegistry().admits(*this, *interactable),
+                               *interactable);
     });
 }
 

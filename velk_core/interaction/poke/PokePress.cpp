@@ -8,6 +8,7 @@
 #include "math/Ray.h"
 #include "velk_core/interaction/poke/PokeGeometry.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +19,8 @@ namespace velk::interaction
 using poke_geometry::computeDistanceAbove;
 using poke_geometry::computeTangentDistance;
 using surface::SurfaceHit;
+using witness::judge;
+using witness::Rule;
 
 PokeCandidate PokeSearch::findPressed(const Interactables& inRange)
 {
@@ -29,7 +32,8 @@ PokeCandidate PokeSearch::findPressed(const Interactables& inRange)
         }
         const bool winsByScore = areEquallyFar(candidate.distance, best.distance) &&
                                  (best.interactable == nullptr || candidate.hasHigherScoreThan(best));
-        if (winsByScore || candidate.isNearerThan(best)) {
+        if (judge(Rule::PokePressNearest, winsByScore || candidate.isNearerThan(best), candidate.distance,
+                  best.distance, *interactable)) {
             best = candidate;
         }
     }
@@ -46,7 +50,7 @@ bool PokeSearch::isPressed(PokeInteractable& interactable, PokeCandidate& candid
     }
     // Must have been clearly above: guards against a press from within, or by a finger that began under it.
     const Vector3f start = frame_.getPreviousOriginCarriedBy(interactable);
-    if (!passesEnterHoverDistanceCheck(start, interactable)) {
+    if (!passesEnterHoverDistanceCheck(Rule::PokePressEntry, start, interactable)) {
         return false;
     }
     SurfaceHit crossing;
@@ -54,7 +58,8 @@ bool PokeSearch::isPressed(PokeInteractable& interactable, PokeCandidate& candid
         return false;
     }
     const float tangent = computeTangentDistance(interactable, crossing.point, config_.radius);
-    if (!(tangent <= hoverTangentLimit(interactable))) {
+    const float farthest = hoverTangentLimit(interactable);
+    if (!judge(Rule::PokePressReach, tangent <= farthest, tangent, farthest, interactable)) {
         return false;
     }
     candidate = {&interactable, (start - crossing.point).Dot(crossing.normal), tangent};
@@ -68,20 +73,23 @@ bool PokeSearch::crosses(const PokeInteractable& interactable, const SurfaceHit&
 {
     Vector3f direction = frame_.getOrigin() - start;
     const float length = direction.Length();
-    if (length == 0.0f) {
+    if (!judge(Rule::PokePressMovement, length != 0.0f, length, 0.0f, interactable)) {
         return false;
     }
     direction /= length;
-    if (!(direction.Dot(backing.normal) < 0.0f)) {
+    const float inward = direction.Dot(backing.normal);
+    if (!judge(Rule::PokePressDirection, inward < 0.0f, inward, 0.0f, interactable)) {
         return false;
     }
     const surface::ISurface& surface = interactable.getSurfacePatch().getBackingSurface();
-    if (surface.raycast({start, direction}, crossing, surface::kNoLimit) && crossing.distance <= length) {
+    const bool isAhead = surface.raycast({start, direction}, crossing, surface::kNoLimit);
+    if (judge(Rule::PokePressCrossing, isAhead && crossing.distance <= length,
+              isAhead ? crossing.distance : witness::kNoNumber, length, interactable)) {
         return true;
     }
     const float above = computeDistanceAbove(interactable, frame_.getOrigin(), config_.radius);
     crossing = {backing.point, backing.normal, above};
-    return above <= 0.0f;
+    return judge(Rule::PokePressDepth, above <= 0.0f, above, 0.0f, interactable);
 }
 
 bool PokeSearch::isVetoed(const PokeCandidate& pressed, const Vector3f& touchPoint,
@@ -99,19 +107,25 @@ bool PokeSearch::vetoes(const PokeInteractable& interactable, const PokeCandidat
 {
     PokeFrame::Hits hits;
     if (!frame_.getHits(interactable, hits) ||
-        !passesEnterHoverDistanceCheck(frame_.getPreviousOriginCarriedBy(interactable), interactable)) {
+        !passesEnterHoverDistanceCheck(Rule::PokeVetoEntry, frame_.getPreviousOriginCarriedBy(interactable),
+                                       interactable)) {
         return false;
     }
     const float height = (touchPoint - hits.backing.point).Dot(hits.backing.normal);
-    if (std::fabs(height) < config_.equalDistanceEpsilon &&
-        pressed.interactable->getTiebreakerScore() > interactable.getTiebreakerScore()) {
+    const bool losesByScore = std::fabs(height) < config_.equalDistanceEpsilon &&
+                              pressed.interactable->getTiebreakerScore() > interactable.getTiebreakerScore();
+    if (judge(Rule::PokeVetoScore, losesByScore, height, config_.equalDistanceEpsilon, interactable)) {
         return false;
     }
-    if (!(height > 0.0f && height <= interactable.getCloseDistanceThreshold())) {
+    const float close = interactable.getCloseDistanceThreshold();
+    if (!judge(Rule::PokeVetoHeight, height > 0.0f, height, 0.0f, interactable) ||
+        !judge(Rule::PokeVetoDistance, height <= close, height, close, interactable)) {
         return false;
     }
     const float tangent = computeTangentDistance(interactable, touchPoint, config_.radius);
-    return tangent <= interactable.getEnterHoverTangent() && tangent <= pressed.tangent;
+    const float farthest = interactable.getEnterHoverTangent();
+    return judge(Rule::PokeVetoReach, tangent <= farthest, tangent, farthest, interactable) &&
+           judge(Rule::PokeVetoNearer, tangent <= pressed.tangent, tangent, pressed.tangent, interactable);
 }
 
 } // namespace velk::interaction

@@ -2,11 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "velk_core/interaction/poke/PokeRecoil.h"
 
+#include "velk_core/witness/Witness.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace velk::interaction
 {
+
+using witness::judge;
+using witness::Rule;
 
 bool PokeRecoil::shouldRecoil(float depth, const Assist& assist)
 {
@@ -17,7 +22,8 @@ bool PokeRecoil::shouldRecoil(float depth, const Assist& assist)
         maxDepth_ = depth;
         return false;
     }
-    return depth < maxDepth_ - assist.exitDistance;
+    const float limit = maxDepth_ - assist.exitDistance;
+    return judge(Rule::PokeRecoil, depth < limit, depth, limit);
 }
 
 void PokeRecoil::begin(PokeInteractable& interactable, float depth)
@@ -31,7 +37,7 @@ bool PokeRecoil::pressesAgain(float depth)
 {
     recoilDepth_ = std::min(recoilDepth_,
                             depth + std::as_const(*interactable_).getConfig().recoilAssist.reEnterDistance);
-    return !(depth <= recoilDepth_);
+    return judge(Rule::PokeRecoilReturn, !(depth <= recoilDepth_), depth, recoilDepth_, *interactable_);
 }
 
 } // namespace velk::interaction

@@ -6,6 +6,7 @@
 
 #include "velk_core/interaction/poke/PokeGeometry.h"
 #include "velk_core/interaction/poke/PokeInteractable.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,6 +17,8 @@ namespace velk::interaction
 using poke_geometry::computeDepth;
 using poke_geometry::computeDistanceAbove;
 using surface::SurfaceHit;
+using witness::judge;
+using witness::Rule;
 
 PokeSearch::PokeSearch(PokeFrame& frame, const PokeInteractor::Config& config,
                        const PokeInteractable* lastFound)
@@ -36,12 +39,16 @@ bool PokeSearch::isInRange(const PokeInteractable& interactable) const
     const float reach = moved + config_.radius + enterLimit + config_.equalDistanceEpsilon +
                         interactable.getCloseDistanceThreshold();
     SurfaceHit hit;
-    return interactable.getSurfacePatch().closestSurfacePoint(frame_.getOrigin(), hit, reach);
+    const bool isNear = interactable.getSurfacePatch().closestSurfacePoint(frame_.getOrigin(), hit, reach);
+    if (!isNear && witness::hasWitness()) {
+        interactable.getSurfacePatch().closestSurfacePoint(frame_.getOrigin(), hit, surface::kNoLimit);
+    }
+    return judge(Rule::PokeInRange, isNear, hit.distance, reach, interactable);
 }
 
 // A finger begins from above: not at the surface, not under it, and with a minimum height not within that
 // height either, unless a finger is already deeper there. The candidate of the last search passes anyway.
-bool PokeSearch::passesEnterHoverDistanceCheck(const Vector3f& point,
+bool PokeSearch::passesEnterHoverDistanceCheck(Rule rule, const Vector3f& point,
                                                const PokeInteractable& interactable) const
 {
     if (&interactable == lastFound_) {
@@ -51,7 +58,8 @@ bool PokeSearch::passesEnterHoverDistanceCheck(const Vector3f& point,
     if (interactable.getMinThresholds().enabled) {
         threshold = std::min(interactable.getMinThresholds().minNormal, minPokeDepth(interactable));
     }
-    return computeDistanceAbove(interactable, point, config_.radius) > threshold;
+    const float above = computeDistanceAbove(interactable, point, config_.radius);
+    return judge(rule, above > threshold, above, threshold, interactable);
 }
 
 // How deep the shallowest of the fingers already there is.

@@ -6,6 +6,7 @@
 #include "velk_core/interaction/poke/PokeCandidate.h"
 #include "velk_core/interaction/poke/PokeFrame.h"
 #include "velk_core/interaction/poke/PokeInteractor.h"
+#include "velk_core/witness/Rules.h"
 
 #include <vector>
 
@@ -42,9 +43,11 @@ private:
     bool vetoes(const PokeInteractable& interactable, const PokeCandidate& pressed,
                 const Vector3f& touchPoint);
     bool canHover(PokeInteractable& interactable, PokeCandidate& candidate);
-    bool passesEnterHoverDistanceCheck(const Vector3f& point, const PokeInteractable& interactable) const;
+    /// `rule` names what it is asked for.
+    bool passesEnterHoverDistanceCheck(witness::Rule rule, const Vector3f& point,
+                                       const PokeInteractable& interactable) const;
     float minPokeDepth(const PokeInteractable& interactable) const;
-    bool isInFront(const surface::SurfaceHit& backing) const;
+    bool isInFront(const surface::SurfaceHit& backing, const PokeInteractable& interactable) const;
     float hoverNormalLimit(const PokeInteractable& interactable) const;
     float hoverTangentLimit(const PokeInteractable& interactable) const;
     bool areEquallyFar(float distance, float otherDistance) const;

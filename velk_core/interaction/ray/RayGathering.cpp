@@ -4,6 +4,7 @@
 
 #include "velk_core/interaction/search/Rounding.h"
 #include "velk_core/interaction/search/SurfaceIndex.h"
+#include "velk_core/witness/Witness.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +52,8 @@ void gatherAlong(const math::Ray& ray, std::vector<RayInteractable*>& found)
         return;
     }
     index.look(SurfaceIndex::kEver);
-    if (SurfaceIndex::scansAll() || !isOrdinary(ray) || (index.hasBoxes() && isAlongSide(ray.direction))) {
+    if (SurfaceIndex::scansAll() || witness::hasWitness() || !isOrdinary(ray) ||
+        (index.hasBoxes() && isAlongSide(ray.direction))) {
         const auto& all = RayInteractable::getStaticRegistry().getAll();
         found.assign(all.begin(), all.end());
         return;

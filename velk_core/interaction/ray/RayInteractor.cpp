@@ -5,6 +5,7 @@
 #include "math/LookRotation.h"
 #include "velk_common/VelkAssert.h"
 #include "velk_core/interaction/ray/RayGathering.h"
+#include "velk_core/witness/Witness.h"
 
 #include <cmath>
 #include <utility>
@@ -17,6 +18,8 @@ namespace
 
 using math::quaternion::lookRotationSafe;
 using surface::SurfaceHit;
+using witness::judge;
+using witness::Rule;
 
 } // namespace
 
@@ -85,7 +88,8 @@ RayInteractable* RayInteractor::computeCandidate()
 {
     gatherAlong(ray_, inReach_);
     std::erase_if(inReach_, [this](RayInteractable* interactable) {
-        return !RayInteractable::getStaticRegistry().admits(*this, *interactable);
+        return !judge(Rule::Admitted, RayInteractable::getStaticRegistry().admits(*this, *interactable),
+                      *interactable);
     });
     Candidate best = findDirectHit(inReach_);
     if (best.interactable == nullptr && RayInteractable::getMagneticCount() > 0) {
@@ -101,7 +105,9 @@ RayInteractor::findDirectHit(const std::vector<RayInteractable*>& interactables)
     Candidate best;
     for (RayInteractable* interactable : interactables) {
         SurfaceHit hit;
-        if (interactable->getSurface().raycast(ray_, hit, config_.maxRayLength) &&
+        const bool isHit = interactable->getSurface().raycast(ray_, hit, config_.maxRayLength);
+        if (judge(Rule::RayHit, isHit, isHit ? hit.distance : witness::kNoNumber, config_.maxRayLength,
+                  *interactable) &&
             isBetter(*interactable, hit.distance, best)) {
             best = {interactable, hit.distance, hit};
         }
@@ -115,10 +121,15 @@ bool RayInteractor::isBetter(const RayInteractable& interactable, float distance
 {
     const bool equal = config_.equalDistanceThreshold > std::fabs(distance - best.distance);
     if (!equal) {
-        return best.distance > distance;
+        return judge(Rule::RayNearest, best.distance > distance, distance, best.distance, interactable);
     }
-    return best.interactable != nullptr &&
-           interactable.getTiebreakerScore() > best.interactable->getTiebreakerScore();
+    if (best.interactable == nullptr) {
+        return false;
+    }
+    const int score = interactable.getTiebreakerScore();
+    const int bestScore = best.interactable->getTiebreakerScore();
+    return judge(Rule::RayScore, score > bestScore, static_cast<float>(score), static_cast<float>(bestScore),
+                 interactable);
 }
 
 // The surface nearest to where the ray meets its magnetism surface wins. The hit reported is the one on the
@@ -131,12 +142,14 @@ RayInteractor::findMagneticHit(const std::vector<RayInteractable*>& interactable
     for (RayInteractable* interactable : interactables) {
         SurfaceHit magnetHit;
         SurfaceHit surfaceHit;
-        if (!interactable->raycastMagnetismSurface(ray_, magnetHit, config_.maxRayLength) ||
+        if (!judge(Rule::RayMagnet,
+                   interactable->raycastMagnetismSurface(ray_, magnetHit, config_.maxRayLength),
+                   *interactable) ||
             !interactable->getSurface().closestSurfacePoint(magnetHit.point, surfaceHit, surface::kNoLimit)) {
             continue;
         }
         const float gap = surfaceHit.point.Distance(magnetHit.point);
-        if (bestGap > gap) {
+        if (judge(Rule::RayMagnetNearest, bestGap > gap, gap, bestGap, *interactable)) {
             bestGap = gap;
             best = {interactable, surfaceHit.point.Distance(getOrigin()), magnetHit};
         }
