@@ -132,8 +132,11 @@ protected:
     /// An interactable is gone for good: forget its address, which a new one may get.
     virtual void interactableDestroyed(const TInteractable* interactable)
     {
-        if (candidate_ == interactable) {
-            candidate_ = nullptr;
+        // The links are gone by now, but for those to one that was disabled before they were made.
+        for (IInteractable** remembered : {&candidate_, &interactable_, &selectedInteractable_}) {
+            if (*remembered == interactable) {
+                *remembered = nullptr;
+            }
         }
     }
 

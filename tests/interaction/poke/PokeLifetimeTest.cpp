@@ -46,6 +46,21 @@ TEST_F(PokeLifetime, DestructionInAnyStateLetsGo)
     EXPECT_EQ(button.getState(), interaction::InteractableState::Normal);
 }
 
+// Also where it was disabled before an override, or a press that was pending, led to it.
+TEST_F(PokeLifetime, DestructionOfADisabledOneLetsGo)
+{
+    PokeInteractable* const button = add().interactable.get();
+    finger->setComputeCandidateOverride([button] { return button; }, true);
+    button->disable();
+    finger.at(0, 500);
+    EXPECT_TRUE(finger->hasInteractable());
+    buttons.clear();
+    EXPECT_FALSE(finger->hasInteractable() || finger->hasCandidate());
+    finger->clearComputeCandidateOverride();
+    EXPECT_EQ(finger.at(0, 500), "-");
+    EXPECT_EQ(finger->getState(), interaction::InteractorState::Normal);
+}
+
 // It is not the one hovered last, for which the exit limits would hold, and it has not moved here from where
 // the former one was, which would press it.
 TEST_F(PokeLifetime, AnAddressUsedAgainIsANewInteractable)

@@ -136,6 +136,7 @@ void PokeFrame::rememberSurfaces(PokeInteractor& finger)
         }
     }
     moment_ = now;
+    carried_ = {};
 }
 
 void PokeFrame::rememberInAll(const PokeInteractable& interactable)

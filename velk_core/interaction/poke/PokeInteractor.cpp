@@ -294,7 +294,7 @@ void PokeInteractor::handleDisabled()
     PointerInteractor::handleDisabled();
 }
 
-// The base's links are gone by now. A press can still be pending, and the last search is still remembered.
+// A press can still be pending, and the last search is still remembered.
 void PokeInteractor::interactableDestroyed(const PokeInteractable* interactable)
 {
     PointerInteractor::interactableDestroyed(interactable);
