@@ -5,6 +5,7 @@
 //
 //    <!-- from examples/first_host.c -->       lines of that file, which CMake compiles
 //    <!-- printed by velk-play tap_buttons --> some of the lines that velk-play prints for a kept scene
+//    <!-- printed by velk-play explain SCENE RECORDING --misses --> the same of another command
 //
 // Indentation and empty lines don't count; "..." stands for lines left out. Each block of C needs such a
 // comment.
@@ -126,20 +127,32 @@ private:
         return isComment ? line.substr(head.size(), line.size() - head.size() - tail.size()) : "";
     }
 
-    std::string printed(const std::string& scene) const
+    /// Of "SCENE", or of a command with its scene, recording and options: "explain SCENE RECORDING --misses".
+    std::string printed(const std::string& command) const
     {
         const std::string scenes = file("tools/velk_play/scenes/");
+        std::istringstream words(command);
+        std::string verb = "play";
+        std::string scene;
+        std::string recording;
+        std::string options;
+        if (command.find(' ') == std::string::npos) {
+            words >> scene;
+        } else {
+            words >> verb >> scene >> recording;
+            std::getline(words, options);
+        }
         for (const std::string& line : linesOf(read(scenes + "scenes.txt"))) {
-            std::istringstream words(line);
+            std::istringstream kept(line);
             std::string name;
-            std::string recording;
-            words >> name >> recording;
-            if (name == scene) {
-                play(scenes + name + ".json " + file("data/") + recording + ".csv");
-                return out();
+            std::string itsOwn;
+            kept >> name >> itsOwn;
+            if (name == scene && recording.empty()) {
+                recording = itsOwn;
             }
         }
-        return "";
+        play(verb + " " + scenes + scene + ".json " + file("data/") + recording + ".csv" + options);
+        return out();
     }
 };
 

@@ -72,6 +72,7 @@ int guardedMain(int argc, char** argv, Outcome& outcome)
     app.footer(
         "Exit codes: 0 done, 1 something is not as it should be, 2 a file or an option has to be mended.");
     addPlay(app, outcome);
+    addExplain(app);
     addTune(app);
     try {
         parse(app, wordsOf(argc, argv, app));

@@ -23,6 +23,7 @@ struct Outcome
 };
 
 void addPlay(CLI::App& app, Outcome& outcome);
+void addExplain(CLI::App& app);
 void addTune(CLI::App& app);
 
 } // namespace velk_tools

@@ -14,6 +14,8 @@
 namespace velk_tools
 {
 
+class World;
+
 /// One thing that changed between two frames.
 struct Transition
 {
@@ -46,6 +48,9 @@ class Observer
 {
 public:
     virtual ~Observer() = default;
+
+    /// Called once, before the first frame. The world lives until the last one.
+    virtual void begin(const World& /*world*/) {}
 
     /// Called once a frame, with what changed in it.
     virtual void frame(const Observation& seen, const std::vector<Transition>& changes) = 0;

@@ -52,6 +52,9 @@ void play(const Scene& scene, const Recording& recording,
     if (pace == Pace::Settled) {
         world.settleCurves();
     }
+    for (const auto& observer : observers) {
+        observer->begin(world);
+    }
     Summary summary;
     Progress progress(recording.frames.size());
     const Clock::time_point start = Clock::now();

@@ -18,6 +18,7 @@ public:
     explicit RayActor(const Ray& ray);
 
     const Ray& ray() const { return ray_; }
+    VelkInteractorHandle interactor() const { return interactor_; }
     /// Queues a press or a release, for the next update to use or drop.
     void press(bool down);
     void update(const Frame& frame);

@@ -21,6 +21,9 @@ public:
     GripActor(const GripTrack& track, Grab grab);
 
     const GripTrack& track() const { return track_; }
+    /// Each of its own kind alone.
+    VelkPinchGrabAPIHandle pinch() const { return std::get<PinchGrab>(grab_); }
+    VelkPalmGrabAPIHandle palm() const { return std::get<PalmGrab>(grab_); }
     void update(const Frame& frame);
     const GripView& view() const { return view_; }
 

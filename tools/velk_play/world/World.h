@@ -27,6 +27,13 @@ public:
     /// depend on the time that a frame takes.
     void settleCurves() { settlesCurves_ = true; }
 
+    VelkInteractorHandle ray(std::size_t i) const { return rays_[i].interactor(); }
+    VelkInteractorHandle fingertip(std::size_t i) const { return fingertips_[i].interactor(); }
+    VelkPinchGrabAPIHandle pinch(std::size_t i) const { return pinches_[i].pinch(); }
+    VelkPalmGrabAPIHandle palm(std::size_t i) const { return palms_[i].palm(); }
+    int rayTargetOf(VelkInteractableHandle handle) const { return rayTargets_.indexOf(handle); }
+    int patchOf(VelkInteractableHandle handle) const { return pokeTargets_.indexOf(handle); }
+
     /// One frame of the host: feeds what was recorded, updates everything, and reads the answers.
     Observation update(std::size_t number, const Frame& frame);
 
