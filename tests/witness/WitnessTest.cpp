@@ -12,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <random>
@@ -42,8 +43,8 @@ public:
     {
         std::string text;
         for (const Judgement& judgement : judgements) {
-            text += (text.empty() ? "" : " ") + std::string(judgement.holds ? "" : "!") +
-                    std::string(ruleInfo(judgement.rule).name);
+            text.append(text.empty() ? "" : " ").append(judgement.holds ? "" : "!");
+            text.append(ruleInfo(judgement.rule).name);
         }
         judgements.clear();
         return text;

@@ -484,9 +484,9 @@ VELK_API int32_t velk_RayInteractor_GetEnd(VelkInteractorHandle interactor, talp
 VELK_API VelkPointableSurfaceHandle velk_PointableAxisAlignedBox_Create(const talpVector3f* centroid,
                                                                         const talpVector3f* size);
 
-/* Sets two opposite corners, in any order: they are sorted per axis. With one of them null, the other is
- * set alone, and then nothing is sorted: a lower corner above the upper one makes a box that contains no
- * point. With both null nothing happens.
+/* Sets two opposite corners, in any order: they are sorted per axis. A null `lower` or `upper` leaves the
+ * other to be set alone, and then nothing is sorted: a lower corner above the upper one makes a box that
+ * contains no point. With both null nothing happens.
  *
  * returns 0, or -1 when the handle is unknown or no box */
 VELK_API int32_t velk_PointableAxisAlignedBox_SetBounds(VelkPointableSurfaceHandle box,
@@ -616,8 +616,8 @@ typedef struct velk_PokeInteractableConfig
  * returns its handle, or -1 for an unknown patch */
 VELK_API VelkInteractableHandle velk_PokeInteractable_Create(VelkSurfacePatchHandle surfacePatch);
 
-/* Makes an interactable of a patch, with the settings of `config`, or the defaults where it is null. The
- * patch is kept alive. Destroy the interactable with velk_Interactable_Destroy.
+/* Makes an interactable of a patch, with the settings of `config`, or the defaults for a null `config`.
+ * The patch is kept alive. Destroy the interactable with velk_Interactable_Destroy.
  *
  * returns its handle, or -1 for an unknown patch */
 VELK_API VelkInteractableHandle velk_PokeInteractable_CreateWithConfig(
@@ -961,7 +961,7 @@ VELK_API VelkPinchGrabAPIHandle velk_FingerPinchGrabAPI_Create(void);
 VELK_API int32_t velk_FingerPinchGrabAPI_Destroy(VelkPinchGrabAPIHandle api);
 
 /* Runs one frame on a hand. `wrist` and `hmd` are the directions of the view test, in one space and of any
- * length; a null one is absent, and the view then not good.
+ * length; a null `wrist` or `hmd` is absent, and the view then not good.
  *
  * returns 0, or -1 for an unknown handle */
 VELK_API int32_t velk_FingerPinchGrabAPI_UpdateHandWristHMDData(VelkPinchGrabAPIHandle api,
@@ -1099,9 +1099,9 @@ typedef struct velk_DetectionParameterList
     const velk_DetectionParameter* entries;
 } velk_DetectionParameterList;
 
-/* Creates a quantizer. `direction` is the reference, of any length; a null or zero one measures 90 degrees to
- * everything. Angles in degrees, `middleAngle` not above `farAngle`: otherwise nothing is ever labelled
- * Middle.
+/* Creates a quantizer. `direction` is the reference, of any length; a null or zero `direction` measures
+ * 90 degrees to everything. Angles in degrees, `middleAngle` not above `farAngle`: otherwise nothing is ever
+ * labelled Middle.
  *
  * returns its handle */
 VELK_API VelkDirectionQuantizerHandle velk_DirectionQuantizer_Create(talpVector3f* direction,
@@ -1184,10 +1184,10 @@ VELK_API int32_t velk_ProximityField_Destroy(VelkProximityFieldHandle field);
  * returns 0 */
 VELK_API int32_t velk_Common_GetVersion(const char** version);
 
-/* Sets the function that receives messages for the host, or takes it away if null. It is a channel apart from
- * the log, and so far only one message comes this way: during this very call, on the same thread, "NativeLog:
- * connection established!" with color 5. `length` is the message's without its end; the text lasts only
- * for the call. */
+/* Sets the function that receives messages for the host, or takes it away for a null `callback`. It is a
+ * channel apart from the log, and so far only one message comes this way: during this very call, on the same
+ * thread, "NativeLog: connection established!" with color 5. `length` is the message's without its end; the
+ * text lasts only for the call. */
 VELK_API void velk_SetNativeLogCallback(void (*callback)(const char* message, int color, int length));
 
 /* Counts one use of hand grabs, to see usage counting at work: starts it if nothing has yet, and sends
