@@ -58,7 +58,7 @@ public:
 
     const void* subject = nullptr;
     std::vector<Judgement> judgements;
-    Judgement none{Rule::Admitted, false, kNoNumber, kNoNumber, nullptr, kNoFinger};
+    Judgement none;
 };
 
 MATCHER_P3(Says, holds, value, limit, "")

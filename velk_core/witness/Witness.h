@@ -20,8 +20,8 @@ inline constexpr int kNoFinger = -1;
 /// One answer of a rule.
 struct Judgement
 {
-    Rule rule;
-    bool holds;
+    Rule rule{};
+    bool holds = false;
     float value = kNoNumber;
     float limit = kNoNumber;
     /// What is judged; null where the rule is about the interactor or recognizer alone.

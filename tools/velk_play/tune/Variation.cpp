@@ -61,7 +61,8 @@ std::vector<double> stepsOf(double from, double to, double step, std::string_vie
         refuseAsTooMany();
     }
     std::vector<double> values;
-    for (double i = 0; i <= count + kRounding; ++i) {
+    const int last = static_cast<int>(count + kRounding);
+    for (int i = 0; i <= last; ++i) {
         values.push_back(from + i * step);
     }
     return values;
