@@ -112,7 +112,7 @@ TEST_F(Tune, SaysWhatIsWrong)
     const auto complaint = [this](const std::string& options) {
         EXPECT_EQ(tuneTaps(options), 2) << options;
         EXPECT_THAT(out(), IsEmpty());
-        const std::string text = err();
+        std::string text = err();
         EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
         return text;
     };

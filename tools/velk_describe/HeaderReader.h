@@ -10,8 +10,8 @@
 namespace velk_tools
 {
 
-/// What a C header in velk.h's regular form declares, in the form that docs/interface.md tells. Throws InputError
-/// with file and line for what it can't read.
+/// What a C header in velk.h's regular form declares, in the form that docs/interface.md tells. Throws
+/// InputError with file and line for what it can't read.
 nlohmann::ordered_json describeHeader(const std::string& name, const std::string& text);
 
 } // namespace velk_tools

@@ -23,7 +23,6 @@ namespace
 {
 
 using velk::witness::Judgement;
-using velk::witness::ruleInfo;
 using enum Rule;
 
 constexpr double kGap = 0.15;        // seconds that end a near miss

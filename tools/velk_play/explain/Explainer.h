@@ -38,6 +38,7 @@ private:
     {
         Kind kind{};
         std::size_t index = 0;
+        // NOLINTNEXTLINE(modernize-use-nullptr): the 0 that such operators compare with
         auto operator<=>(const Subject&) const = default;
     };
     /// A reason, with the place of its target in the scene or the finger's number.

@@ -12,8 +12,9 @@ namespace velk_tools
 namespace
 {
 
-constexpr double kStep = 0.005;    // seconds, between the shifts that are tried
-constexpr double kLongest = 0.250; // seconds
+constexpr double kStep = 0.005; // seconds, between the shifts that are tried
+constexpr int kMostSteps = 50;
+constexpr double kLongest = kMostSteps * kStep;
 
 std::vector<Quat> turnsOf(const velk_HandData& hand)
 {
@@ -91,7 +92,8 @@ Smoothness SmoothnessMeter::measure() const
 {
     Smoothness result{jitterOf(recorded_), jitterOf(filtered_), 0};
     double least = meanDistance(0);
-    for (double shift = kStep; shift <= kLongest; shift += kStep) {
+    for (int step = 1; step <= kMostSteps; ++step) {
+        const double shift = step * kStep;
         const double distance = meanDistance(shift);
         if (distance < least) {
             least = distance;

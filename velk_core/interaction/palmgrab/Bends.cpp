@@ -14,6 +14,8 @@ namespace velk::interaction::grab
 namespace
 {
 
+// Or the namespace velk::select would hide that of lanes. NOLINTNEXTLINE(misc-unused-using-decls)
+using TAL::angles::select;
 using Lanes = TAL::lanes::Float<16>;
 using Vectors = TAL::Vector3<Lanes>;
 using Rotations = TAL::Quat<Lanes>;
